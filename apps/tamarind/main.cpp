@@ -1,0 +1,35 @@
+#include "platform/console.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "session/session.h"
+#include "shell/frmEditor.h"
+
+#include <wx/app.h>
+#include <wx/image.h>
+
+namespace {
+
+using namespace tamarind;
+
+class TamarindApp : public wxApp {
+public:
+    bool OnInit() override {
+        SetAppName(platform::kApplicationTitle);
+        wxInitAllImageHandlers();
+        session_.ProgramFolder = platform::ExecutableFolder();
+        auto* const window = new shell::frmEditor(session_, {*files_, *processes_, *registry_});
+        SetTopWindow(window);
+        window->Start(platform::CommandLineText(argc, argv));
+        return true;
+    }
+
+private:
+    std::unique_ptr<platform::Files> files_ = platform::MakeFiles();
+    std::unique_ptr<platform::Processes> processes_ = platform::MakeProcesses(*files_);
+    std::unique_ptr<platform::Registry> registry_ = platform::MakeRegistry();
+    session::Session session_;
+};
+
+} // namespace
+
+wxIMPLEMENT_APP(TamarindApp);

@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# Compares loading and writing with the bare XML reader and with plain nodes, on 50 MB and 200 MB of converter-shaped
+# XML: compare_document.sh [FOLDER OF THE PROGRAMS]. Seven runs of each, taken in turn; medians. Ends with 1 when a
+# target is missed.
+set -euo pipefail
+export LC_ALL=C
+
+programs=${1:-$(dirname "$0")/../build/linux-bench/bin}
+runs=${RUNS:-7}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+"$programs/make_xml" 50 >"$work/50.xml"
+"$programs/make_xml" 200 >"$work/200.xml"
+
+# One run of each command a round, so that a busy moment meets them all.
+measure() { # name program arguments...
+  local name=$1 program=$2
+  shift 2
+  "$programs/$program" "$@" >>"$work/$name"
+}
+for ((run = 0; run < runs; ++run)); do
+  measure bare bare_expat "$work/50.xml"
+  measure handlers bare_expat "$work/50.xml" handlers
+  measure load document_pass "$work/50.xml"
+  measure plain plain_nodes "$work/50.xml"
+  measure both document_pass "$work/50.xml" write
+  measure load200 document_pass "$work/200.xml"
+done
+
+median() { # name column
+  awk -v column="$2" '{print $column}' "$work/$1" | sort -n | awk '{value[NR] = $1} END {print value[int((NR + 1) / 2)]}'
+}
+size=$(stat -c %s "$work/50.xml")
+printf '50 MB file: %s bytes; medians of %s runs\n' "$size" "$runs"
+for name in bare handlers load plain both load200; do
+  printf '%-9s %8.1f ms  %7.1f MB peak\n' "$name" "$(median "$name" 1)" "$(awk "BEGIN {print $(median "$name" 2) / 1e6}")"
+done
+
+missed=0
+ratio() { # text value target
+  local verdict=kept
+  awk "BEGIN {exit !($2 <= $3)}" || { verdict=MISSED missed=1; }
+  printf '%-58s %5.2f  target %4.2f  %s\n' "$1" "$(awk "BEGIN {print $2}")" "$3" "$verdict"
+}
+ratio 'load / bare pass without handlers' "$(median load 1) / $(median bare 1)" 1.8
+ratio 'load / bare pass with empty handlers' "$(median load 1) / $(median handlers 1)" 1.8
+ratio 'peak memory of load / bytes of file' "$(median load 2) / $size" 3
+ratio 'load and write / plain nodes read and written' "$(median both 1) / $(median plain 1)" 1
+ratio 'load of 200 MB / load of 50 MB' "$(median load200 1) / $(median load 1)" 4.4
+exit $missed

@@ -1,0 +1,11 @@
+# Writes FILES (separated by commas) into the header OUTPUT as arrays of bytes named after them.
+set(header "#pragma once\n\n#include <cstddef>\n\n")
+string(REPLACE "," ";" files "${FILES}")
+foreach(file ${files})
+    get_filename_component(name ${file} NAME_WE)
+    string(MAKE_C_IDENTIFIER ${name} identifier)
+    file(READ ${file} bytes HEX)
+    string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")
+    string(APPEND header "inline constexpr unsigned char ${identifier}_png[] = {${bytes}};\n")
+endforeach()
+file(WRITE ${OUTPUT} "${header}")

@@ -1,0 +1,13 @@
+#include "system/program.h"
+
+#include <exception>
+#include <iostream>
+
+int main(int count, char** values) {
+    try {
+        return tamarind::samples::RunProgram({values + 1, values + count});
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+}

@@ -1,0 +1,85 @@
+#include "cli/arguments.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+namespace tamarind::cli {
+namespace {
+
+constexpr int kWrongUsage = 2;
+
+void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
+    app.add_option("--game", arguments.gameFolder, "The game folder")->type_name("DIR");
+    app.add_option("--program-dir", arguments.programFolder, "The folder that stands for the program's own")
+        ->type_name("DIR");
+    auto* const yes = app.add_flag_callback(
+        "--yes", [&arguments] { arguments.answerYes = true; }, "Answer every question with Yes");
+    app.add_flag_callback(
+           "--no", [&arguments] { arguments.answerYes = false; }, "Answer every question with No")
+        ->excludes(yes);
+    app.add_flag("--json", arguments.json, "One JSON object on standard output");
+    app.set_version_flag("--version", "tamarind-cli " TAMARIND_VERSION);
+}
+
+CLI::App* AddCommand(CLI::App& app, Arguments& arguments, const std::string& name, const std::string& description) {
+    auto* const command = app.add_subcommand(name, description);
+    command->fallthrough();
+    command->set_version_flag("--version", "tamarind-cli " TAMARIND_VERSION);
+    command->callback([&arguments, name] { arguments.command = name; });
+    return command;
+}
+
+void AddPath(CLI::App* command, const char* name, std::string& path, const char* description) {
+    command->add_option(name, path, description)->required()->type_name("");
+}
+
+void AddCommands(CLI::App& app, Arguments& arguments) {
+    auto* const open = AddCommand(app, arguments, "open", "Convert a game file to XML in TempFiles");
+    AddPath(open, "FILE", arguments.file, "The game file");
+
+    auto* const save = AddCommand(app, arguments, "save", "Convert XML back into a game file, keeping a backup");
+    AddPath(save, "FILE", arguments.file, "The game file");
+    AddPath(save, "XML", arguments.xml, "Its new content");
+
+    auto* const tidy = AddCommand(app, arguments, "tidy", "Load XML and write it back in the tree editor's form");
+    AddPath(tidy, "XML", arguments.xml, "The XML file");
+    tidy->add_option("-o", arguments.output, "Write here instead of over the XML file")->type_name("OUT");
+
+    auto* const tree = AddCommand(app, arguments, "tree", "List the rows of an XML file");
+    AddPath(tree, "XML", arguments.xml, "The XML file");
+}
+
+std::string CommandWord(const CLI::App& app) {
+    const auto chosen = app.get_subcommands();
+    return chosen.empty() ? std::string() : chosen.front()->get_name();
+}
+
+} // namespace
+
+ParseResult ParseArguments(const std::vector<std::string>& words) {
+    ParseResult result;
+    CLI::App app("Tamarind's jobs without a window", "tamarind-cli");
+    app.require_subcommand(1);
+    AddGlobalOptions(app, result.arguments);
+    AddCommands(app, result.arguments);
+    std::vector<std::string> reversed(words.rbegin(), words.rend());
+    try {
+        app.parse(reversed);
+    } catch (const CLI::CallForHelp&) {
+        const auto chosen = app.get_subcommands();
+        result.message = chosen.empty() ? app.help() : chosen.front()->help();
+        result.exitCode = 0;
+    } catch (const CLI::CallForVersion& version) {
+        result.message = std::string(version.what()) + "\n";
+        result.exitCode = 0;
+    } catch (const CLI::ParseError& error) {
+        result.arguments.command = CommandWord(app);
+        result.arguments.json = std::find(words.begin(), words.end(), "--json") != words.end();
+        result.message = std::string(error.what()) + "\nRun with --help for more information.\n";
+        result.exitCode = kWrongUsage;
+    }
+    return result;
+}
+
+} // namespace tamarind::cli

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamarind::cli {
+
+/// A command line of tamarind-cli, taken apart. Paths are as typed.
+struct Arguments {
+    std::string command; ///< for example "save"; empty when none was recognised
+    std::string gameFolder;
+    std::string programFolder;
+    std::optional<bool> answerYes; ///< set by --yes and --no
+    bool json = false;
+
+    std::string file;
+    std::string xml;
+    std::string output;
+};
+
+struct ParseResult {
+    Arguments arguments;
+    std::optional<int> exitCode; ///< set when there is nothing to run: 0 after help or version, 2 for wrong usage
+    std::string message;         ///< help, version, or what is wrong
+};
+
+/// `words` are the arguments without the program's name, UTF-8.
+[[nodiscard]] ParseResult ParseArguments(const std::vector<std::string>& words);
+
+} // namespace tamarind::cli

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "cli/commands.h"
+#include "platform/terminal/terminal_ui.h"
+#include "text/runtime_error.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamarind::cli {
+
+/// The one object of --json, with a line end:
+///   {"command", "messages": [{"icon", "title", "text", "buttons", "answer"}, ...], "result" or null,
+///    "error": {"number", "description"} or null}
+[[nodiscard]] std::string JsonReport(const std::string& command,
+                                     const std::vector<platform::TerminalUserInterface::Shown>& messages,
+                                     const nlohmann::ordered_json& result,
+                                     const std::optional<text::RuntimeError>& error);
+
+} // namespace tamarind::cli

@@ -1,0 +1,276 @@
+#include "convert/game_file.h"
+
+#include "convert/recovered.h"
+#include "editors/document_commands.h"
+#include "platform/converter.h"
+#include "platform/myfile.h"
+#include "platform/paths.h"
+#include "platform/safe_write.h"
+#include "text/runtime_error.h"
+#include "text/search.h"
+
+#include <string>
+
+namespace tamarind::convert {
+
+using platform::BusyPointer;
+using platform::FileDialog;
+using session::EditorContext;
+using text::ErrorNumber;
+using text::RuntimeError;
+
+namespace {
+
+FileDialog GameFileDialog(const EditorContext& context) {
+    return {.title = "Open RailSim file",
+            .filter = "RS Files(*.bin;*.XSec;*.GeoPcDx)|*.bin;*.XSec*;*.GeoPcDx",
+            .startFolder = context.session.RailSimPath};
+}
+
+FileDialog TextureDialog(const EditorContext& context) {
+    return {.title = "Open RS Texture files",
+            .filter = "RS Files (*.TgPcDx)|*.TgPcDx",
+            .startFolder = context.session.RailSimPath};
+}
+
+/// Takes the file named beforehand, or asks for one; false when the dialog was cancelled.
+bool ChooseFile(EditorContext& context, const FileDialog& dialog) {
+    if (context.session.UseCommandFile) return true;
+    const std::string chosen = context.ui.AskForFile(dialog);
+    if (chosen.empty()) return false;
+    context.session.CommandFile = chosen;
+    return true;
+}
+
+void ShowChosenFile(EditorContext& context) {
+    context.view.ShowFilePath(context.session.CommandFile);
+    context.session.UseCommandFile = false;
+    context.ui.ProcessEvents();
+}
+
+/// The text editor's content makes room: what was not saved stays in TempFiles\Recovered.
+void ReplaceEditorText(EditorContext& context, const std::string& text) {
+    std::string kept;
+    try {
+        kept = KeepUnsavedText(context);
+    } catch (const RuntimeError& error) {
+        context.ui.Show({.text = "The text that was not saved could not be kept in TempFiles: " +
+                                 error.Description() + "\r\n" + error.Details()});
+    }
+    context.view.SetEditorText(text);
+    if (!kept.empty()) context.ui.ShowStatus("The text that was not saved is kept in " + platform::ForDisplay(kept));
+}
+
+/// Copies the chosen game file to TempFiles and converts it there; false when the converter wrote nothing.
+bool ConvertChosenFile(EditorContext& context, bool takeExtension) {
+    auto& session = context.session;
+    auto& files = context.platform.files;
+    const std::string name = platform::NameOf(session.CommandFile);
+    session.FileBaseName = platform::BaseNameWithDot(name);
+    session.TempBase = session.TempFiles() + "\\" + session.FileBaseName;
+    if (takeExtension) session.RSFileExt = platform::ExtensionOf(name);
+    session.RSFileLoaded = true;
+    const std::string binary = session.TempBase + "bin";
+    const std::string xml = session.TempBase + "xml";
+    platform::CopyFile(files, session.CommandFile, binary);
+    context.ui.ProcessEvents();
+
+    const auto before = files.Stamp(xml);
+    platform::ConvertToXml(context.platform.processes, context.ui, context.ConverterFolders(), binary, xml);
+    context.ui.ProcessEvents();
+    const auto after = files.Stamp(xml);
+    const bool written = after && after != before;
+    if (!written) {
+        context.ui.ShowStatus(after ? "The converter wrote nothing: the text shown is from an earlier conversion."
+                                    : "The converter wrote nothing: there is no text to show.");
+    }
+    return written;
+}
+
+std::string ConvertedText(EditorContext& context) {
+    std::string text;
+    platform::ReadUniFile(context.platform.files, context.session.TempBase + "xml", text);
+    return text;
+}
+
+bool OpenIntoTextEditor(EditorContext& context, const FileDialog& dialog, bool takeExtension) {
+    if (!ChooseFile(context, dialog)) return false;
+    const BusyPointer busy(context.ui);
+    ShowChosenFile(context);
+    const bool converted = ConvertChosenFile(context, takeExtension);
+    ReplaceEditorText(context, ConvertedText(context));
+    context.view.UpdateCommands();
+    return converted;
+}
+
+/// Which game file a save works on. A copy: while the converter runs, another file may be opened.
+struct Target {
+    std::string original;
+    std::string tempBase;
+    std::string extension;
+};
+
+/// The converted file under the game file's own extension. Throws FileNotFound when the converter wrote nothing.
+std::string TakeConverted(EditorContext& context, const Target& target) {
+    auto& files = context.platform.files;
+    const std::string converted = target.tempBase + "bin";
+    if (!platform::FileExists(files, converted)) {
+        context.ui.ShowStatus("The converter wrote nothing: the game file is unchanged.");
+        throw RuntimeError(ErrorNumber::FileNotFound,
+                           "The converter did not write " + platform::ForDisplay(converted) + ". The game file is unchanged.");
+    }
+    if (text::EqualNoCase(target.extension, "bin")) return converted;
+    const std::string renamed = target.tempBase + target.extension;
+    if (files.EntryExists(renamed)) files.Remove(renamed);
+    files.Rename(converted, renamed);
+    context.ui.ProcessEvents();
+    return renamed;
+}
+
+/// From TempBase + "xml" to the game file that Text1 names; returns the backup.
+std::string ConvertBackAndReplace(EditorContext& context) {
+    auto& files = context.platform.files;
+    const Target target{context.view.FilePath(), context.session.TempBase, context.session.RSFileExt};
+    const std::string binary = target.tempBase + "bin";
+    if (files.EntryExists(binary)) files.Remove(binary);
+    platform::ConvertToBinary(context.platform.processes, context.ui, context.ConverterFolders(),
+                              target.tempBase + "xml", binary);
+    context.ui.ProcessEvents();
+    const std::string converted = TakeConverted(context, target);
+    context.ui.ProcessEvents();
+    const std::string backup = platform::ReplaceGameFile(files, target.original, converted);
+    const std::string kept = backup.empty() ? "" : ", old content in " + platform::ForDisplay(backup);
+    context.ui.ShowStatus("Saved " + platform::ForDisplay(target.original) + kept);
+    return backup;
+}
+
+bool IsGameFileOpen(EditorContext& context) {
+    if (context.session.RSFileLoaded) return true;
+    context.ui.Show({.text = "Please open a game file first: there is none to save to."});
+    return false;
+}
+
+void SaveTextThrough(EditorContext& context, const FileDialog& dialog) {
+    const std::string path = context.ui.AskForFile(dialog);
+    if (path.empty()) return;
+    if (platform::WriteUniFile(context.platform.files, context.ui, path, context.view.EditorText())) {
+        context.view.SetEditorTextSaved();
+        context.ui.ShowStatus("Saved " + platform::ForDisplay(path));
+    }
+}
+
+} // namespace
+
+bool OpenRailSimFile(EditorContext& context) { return OpenIntoTextEditor(context, GameFileDialog(context), true); }
+
+// A texture leaves RSFileExt as the game file before it set it.
+bool OpenTextureFile(EditorContext& context) { return OpenIntoTextEditor(context, TextureDialog(context), false); }
+
+bool OpenXmlFile(EditorContext& context) {
+    auto& session = context.session;
+    if (!ChooseFile(context, {.title = "Open .xml file",
+                              .filter = "XML Files (*.xml;*.cost;*.tgt)|*.xml;*.cost;*.tgt",
+                              .startFolder = session.RailSimPath})) {
+        return false;
+    }
+    const BusyPointer busy(context.ui);
+    ShowChosenFile(context);
+    std::string text;
+    platform::ReadUniFile(context.platform.files, session.CommandFile, text);
+    ReplaceEditorText(context, text);
+    if (!session.CommandFile.empty()) context.document.path = session.CommandFile;
+    editors::LoadXmlFile(context);
+    return true;
+}
+
+Saved SaveRailSimFile(EditorContext& context) {
+    if (!IsGameFileOpen(context)) return {};
+    const BusyPointer busy(context.ui);
+    const std::string xml = context.session.TempBase + "xml";
+    if (!platform::WriteUniFile(context.platform.files, context.ui, xml, context.view.EditorText())) return {};
+    context.ui.ProcessEvents();
+    const std::string backup = ConvertBackAndReplace(context);
+    context.view.SetEditorTextSaved();
+    return {true, backup};
+}
+
+void SaveXmlText(EditorContext& context) {
+    SaveTextThrough(context, {.save = true,
+                              .title = "Save .xml format files",
+                              .filter = "xml Files (*.xml;*.cost;*.tgt)|*.xml;*.cost;*.tgt",
+                              .startFolder = context.session.TempFiles(),
+                              .confirmsOverwriting = true});
+}
+
+void SaveXmlTextAs(EditorContext& context) {
+    SaveTextThrough(context, {.save = true,
+                              .title = "Save KRS format files",
+                              .filter = "KRS Files (*.*)|*.*",
+                              .startFolder = context.session.TempFiles(),
+                              .confirmsOverwriting = true});
+}
+
+bool OpenRailSimFileInTree(EditorContext& context) {
+    if (!ChooseFile(context, GameFileDialog(context))) return false;
+    // Asked before anything is converted: the answer Yes writes to TempFiles, where the new file may bear the same name.
+    if (!editors::MayDropChanges(context)) return false;
+    const BusyPointer busy(context.ui);
+    ShowChosenFile(context);
+    const bool converted = ConvertChosenFile(context, true);
+    const std::string xml = context.session.TempBase + "xml";
+    editors::NewDocument(context, xml);
+    if (platform::FileExists(context.platform.files, xml)) editors::LoadXmlFile(context);
+    ReplaceEditorText(context, ConvertedText(context));
+    context.view.UpdateCommands();
+    return converted;
+}
+
+bool OpenXmlFileInTree(EditorContext& context) {
+    auto& session = context.session;
+    if (!session.UseCommandFile) {
+        const std::string chosen = context.ui.AskForFile(
+            {.title = "Select file to load", .filter = "XML Files (*.xml)|*.xml", .defaultExtension = "xml"});
+        if (chosen.empty() || !editors::NewDocument(context, chosen)) return false;
+    }
+    const BusyPointer busy(context.ui);
+    // The file of the last open command, where there was one, takes the place of the dialog's choice.
+    if (!session.CommandFile.empty()) context.document.path = session.CommandFile;
+    editors::LoadXmlFile(context);
+    std::string text;
+    platform::ReadUniFile(context.platform.files, context.document.path, text);
+    ReplaceEditorText(context, text);
+    return true;
+}
+
+Saved SaveRailSimFileFromTree(EditorContext& context) {
+    const BusyPointer busy(context.ui);
+    if (!editors::SaveXmlFile(context)) return {};
+    context.ui.ProcessEvents();
+    // An XML file that was opened as such has no game file behind it: writing it was all there is to do.
+    if (!context.session.RSFileLoaded) return {true};
+    return {true, ConvertBackAndReplace(context)};
+}
+
+void SaveXmlFromTree(EditorContext& context) {
+    if (editors::SaveXmlFile(context)) context.ui.ShowStatus("Saved " + platform::ForDisplay(context.document.path));
+}
+
+void SaveXmlFromTreeAs(EditorContext& context) {
+    const std::string path = context.ui.AskForFile({.save = true,
+                                                    .title = "Select Filename to Save As...",
+                                                    .filter = "XML Files (*.xml)|*.xml",
+                                                    .defaultExtension = "xml"});
+    if (path.empty()) return;
+    if (platform::FileExists(context.platform.files, path) &&
+        context.ui.Show({.text = "A file by that name already exists. Do you wish\r\nto overwrite the file?",
+                         .icon = platform::Icon::Question,
+                         .title = "File Already Exists",
+                         .buttons = platform::Buttons::YesNo}) != platform::Answer::Yes) {
+        return;
+    }
+    context.document.path = path;
+    context.document.hasFileName = true;
+    editors::SaveXmlFile(context);
+}
+
+} // namespace tamarind::convert

@@ -1,0 +1,48 @@
+#include "convert/recovered.h"
+
+#include "document/xml_writer.h"
+#include "platform/myfile.h"
+#include "platform/safe_write.h"
+#include "text/code_page.h"
+#include "text/runtime_error.h"
+
+namespace tamarind::convert {
+namespace {
+
+constexpr int kMostNames = 9999;
+
+std::string FreeName(const platform::Files& files, const std::string& folder, const std::string& base) {
+    std::string path = folder + "\\" + base + "xml";
+    for (int number = 1; files.EntryExists(path) && number <= kMostNames; ++number) {
+        path = folder + "\\" + base + std::to_string(number) + ".xml";
+    }
+    return path;
+}
+
+/// Makes the folder and finds a name in it for an XML text that belongs to the open game file.
+std::string RecoveredPath(session::EditorContext& context) {
+    auto& files = context.platform.files;
+    const std::string& base = context.session.FileBaseName;
+    const std::string folder = context.session.TempFiles() + "\\Recovered";
+    if (!platform::FolderExists(files, context.session.TempFiles())) files.CreateFolder(context.session.TempFiles());
+    if (!platform::FolderExists(files, folder)) files.CreateFolder(folder);
+    return FreeName(files, folder, base.empty() ? "Untitled." : base);
+}
+
+} // namespace
+
+std::string KeepUnsavedText(session::EditorContext& context) {
+    if (!context.view.IsEditorTextModified()) return {};
+    const std::string path = RecoveredPath(context);
+    platform::WriteSafely(context.platform.files, path, text::ToCodePage(context.view.EditorText()));
+    return path;
+}
+
+std::string KeepUnsavedDocument(session::EditorContext& context) {
+    if (!context.document.isModified || context.document.document.IsEmpty()) return {};
+    const std::string path = RecoveredPath(context);
+    document::WriteXmlFile(context.document.document, context.platform.files, path);
+    return path;
+}
+
+} // namespace tamarind::convert

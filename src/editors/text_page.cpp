@@ -1,0 +1,111 @@
+#include "editors/text_page.h"
+
+#include "platform/paths.h"
+#include "platform/wx/frame_caption.h"
+#include "platform/wx/wx_text.h"
+
+#include <wx/button.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+#include <wx/stc/stc.h>
+#include <wx/textctrl.h>
+
+namespace tamarind::editors {
+
+using platform::FromWx;
+using platform::ToWx;
+
+namespace {
+
+constexpr int kGap = 6;
+constexpr int kEverything = wxSTC_MODEVENTMASKALL;
+
+} // namespace
+
+TextPage::TextPage(wxWindow* parent) : wxPanel(parent) {
+    auto* const outer = new wxBoxSizer(wxVERTICAL);
+    auto* const frame = new wxStaticBoxSizer(wxVERTICAL, this, "Tamarind Editor");
+    frame1_ = frame->GetStaticBox();
+    frame1_->SetName("Frame1");
+
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    auto* const label1 = new wxStaticText(frame1_, wxID_ANY, "File Name:");
+    label1->SetName("Label1");
+    text1_ = new wxTextCtrl(frame1_, wxID_ANY);
+    text1_->SetName("Text1");
+    command1_ = new wxButton(frame1_, wxID_ANY, "Highlight XML");
+    command1_->SetName("Command1");
+    command1_->Disable();
+    const int gap = FromDIP(kGap);
+    row->Add(label1, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
+    row->Add(text1_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
+    row->Add(command1_, wxSizerFlags().CenterVertical());
+    frame->Add(row, wxSizerFlags().Expand().Border(wxALL, gap));
+
+    richTextBox1_ = new wxStyledTextCtrl(frame1_, wxID_ANY);
+    richTextBox1_->SetName("RichTextBox1");
+    SetUpEditor();
+    frame->Add(richTextBox1_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+
+    outer->Add(frame, wxSizerFlags(1).Expand().Border(wxALL, gap));
+    SetSizer(outer);
+}
+
+void TextPage::SetUpEditor() {
+    auto& editor = *richTextBox1_;
+    const int size = GetFont().GetPointSize();
+    editor.StyleSetFont(wxSTC_STYLE_DEFAULT, wxFont(wxFontInfo(size).Family(wxFONTFAMILY_TELETYPE)));
+    editor.StyleSetForeground(wxSTC_STYLE_DEFAULT, wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+    editor.StyleSetBackground(wxSTC_STYLE_DEFAULT, wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+    editor.StyleClearAll();
+    editor.SetCaretForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+    for (int margin = 0; margin < wxSTC_MAX_MARGIN; ++margin) editor.SetMarginWidth(margin, 0);
+    editor.SetMarginLeft(FromDIP(kGap));
+    editor.SetScrollWidth(1);
+    editor.SetScrollWidthTracking(true);
+    // Without this, going to the end of a long text styles all of it first.
+    editor.SetIdleStyling(wxSTC_IDLESTYLING_ALL);
+    editor.SetLayoutCache(wxSTC_CACHE_PAGE);
+}
+
+void TextPage::SetText(const std::string& text) {
+    auto& editor = *richTextBox1_;
+    // Undo and change events of a text that was never typed cost more than the text itself.
+    editor.SetModEventMask(0);
+    editor.SetUndoCollection(false);
+    editor.ClearAll();
+    editor.Allocate(static_cast<int>(text.size()) + 1);
+    editor.AppendTextRaw(text.data(), static_cast<int>(text.size()));
+    editor.SetEOLMode(text.find("\r\n") == std::string::npos ? wxSTC_EOL_LF : wxSTC_EOL_CRLF);
+    editor.SetUndoCollection(true);
+    editor.EmptyUndoBuffer();
+    editor.SetModEventMask(kEverything);
+    editor.SetSavePoint();
+    editor.GotoPos(0);
+    editor.SetScrollWidth(1);
+}
+
+std::string TextPage::Text() const {
+    const int length = richTextBox1_->GetLength();
+    const char* const start = richTextBox1_->GetCharacterPointer();
+    return {start, static_cast<std::size_t>(length)};
+}
+
+bool TextPage::IsModified() const { return richTextBox1_->GetModify(); }
+
+void TextPage::SetSaved() { richTextBox1_->SetSavePoint(); }
+
+void TextPage::SetFilePath(const std::string& path) { text1_->ChangeValue(ToWx(platform::ForDisplay(path))); }
+
+std::string TextPage::FilePath() const {
+    const std::string shown = FromWx(text1_->GetValue());
+    return shown.empty() ? shown : platform::FromNative(shown);
+}
+
+void TextPage::ShowState(const PageState& state) {
+    platform::ShowFrameCaption(*frame1_, state.textCaption, state.textWarns);
+}
+
+} // namespace tamarind::editors

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "editors/page_state.h"
+
+#include <wx/panel.h>
+
+#include <string>
+
+class wxButton;
+class wxStaticBox;
+class wxStyledTextCtrl;
+class wxTextCtrl;
+
+namespace tamarind::editors {
+
+/// The page "Tamarind Editor": a game file's XML as plain text.
+class TextPage : public wxPanel {
+public:
+    explicit TextPage(wxWindow* parent);
+
+    /// Replaces the whole text, unmodified, the caret at its start.
+    void SetText(const std::string& text);
+    [[nodiscard]] std::string Text() const;
+    [[nodiscard]] bool IsModified() const;
+    void SetSaved();
+
+    /// A program's path; shown as this system writes paths.
+    void SetFilePath(const std::string& path);
+    [[nodiscard]] std::string FilePath() const;
+
+    void ShowState(const PageState& state);
+
+private:
+    void SetUpEditor();
+
+    wxStaticBox* frame1_;
+    wxTextCtrl* text1_;
+    wxButton* command1_;
+    wxStyledTextCtrl* richTextBox1_;
+};
+
+} // namespace tamarind::editors

@@ -1,0 +1,238 @@
+#include "editors/tree_rows_page.h"
+
+#include "platform/wx/wx_text.h"
+
+#include <wx/stopwatch.h>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace tamarind::editors {
+
+using document::clsNode;
+using platform::ToWx;
+
+namespace {
+
+constexpr long kSliceMilliseconds = 20;
+constexpr long kFirstSliceMilliseconds = 50;
+constexpr long kNoLimit = std::numeric_limits<long>::max();
+/// Rows between two looks at the clock.
+constexpr std::size_t kRowsPerLook = 256;
+
+class RowData : public wxTreeItemData {
+public:
+    explicit RowData(const clsNode& node) : node_(node) {}
+    [[nodiscard]] const clsNode& Node() const { return node_; }
+
+private:
+    const clsNode& node_;
+};
+
+std::size_t IndexInParent(const clsNode& node) {
+    const auto& siblings = node.ParentNode->ChildNodes;
+    return static_cast<std::size_t>(std::find(siblings.begin(), siblings.end(), &node) - siblings.begin());
+}
+
+/// Sets a flag for the length of a scope.
+class Guard {
+public:
+    explicit Guard(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    ~Guard() { flag_ = before_; }
+    Guard(const Guard&) = delete;
+    Guard& operator=(const Guard&) = delete;
+
+private:
+    bool& flag_;
+    bool before_;
+};
+
+} // namespace
+
+TreeRows::TreeRows(wxWindow* parent, Handlers handlers)
+    : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                 wxTR_DEFAULT_STYLE | wxTR_EDIT_LABELS | wxTR_SINGLE | wxTR_LINES_AT_ROOT),
+      handlers_(std::move(handlers)) {
+    SetName("trevwContents");
+    Bind(wxEVT_TREE_SEL_CHANGED, &TreeRows::OnSelected, this);
+    Bind(wxEVT_TREE_ITEM_EXPANDING, &TreeRows::OnExpanding, this);
+    Bind(wxEVT_TREE_END_LABEL_EDIT, &TreeRows::OnEndLabelEdit, this);
+    Bind(wxEVT_TREE_KEY_DOWN, &TreeRows::OnKey, this);
+    Bind(wxEVT_TREE_ITEM_MENU, &TreeRows::OnItemMenu, this);
+    Bind(wxEVT_RIGHT_UP, &TreeRows::OnRightUp, this);
+    Bind(wxEVT_IDLE, &TreeRows::OnIdle, this);
+}
+
+void TreeRows::ShowDocument(const document::Document& document) {
+    Clear();
+    if (document.IsEmpty()) return;
+    const wxTreeItemId root = Append(wxTreeItemId(), document.Top());
+    Expand(root);
+    ScrollTo(root);
+}
+
+void TreeRows::Clear() {
+    const Guard guard(isChanging_);
+    filling_.clear();
+    DeleteAllItems();
+}
+
+void TreeRows::AddNode(const clsNode& node) {
+    const Guard guard(isChanging_);
+    if (node.ParentNode->ParentNode == nullptr) {
+        Append(wxTreeItemId(), node);
+        return;
+    }
+    const wxTreeItemId parent = RowOf(*node.ParentNode);
+    if (ItemHasChildren(parent) && GetChildrenCount(parent, false) == 0) {
+        // Never expanded: expanding adds the new child with the others.
+        Expand(parent);
+        FillUpTo(parent, node);
+    } else if (FillingOf(parent) != nullptr) {
+        FillUpTo(parent, node);
+    } else {
+        Append(parent, node);
+        SetItemHasChildren(parent);
+        Expand(parent);
+    }
+}
+
+void TreeRows::RemoveNode(const clsNode& node) {
+    const Guard guard(isChanging_);
+    const wxTreeItemId row = RowOf(node);
+    if (!row.IsOk()) return;
+    const wxTreeItemId parent = GetItemParent(row);
+    // The row's own and its descendants' pending children go with it.
+    std::erase_if(filling_, [&](const Filling& filling) {
+        wxTreeItemId above = filling.row;
+        while (above.IsOk() && above != row) above = GetItemParent(above);
+        return above.IsOk();
+    });
+    if (Filling* const filling = FillingOf(parent)) --filling->nextChild;
+    Unselect();
+    Delete(row);
+    Unselect();
+    SetItemHasChildren(parent, node.ParentNode->ChildNodes.Count() > 1);
+}
+
+void TreeRows::EditNode(const clsNode& node) {
+    const wxTreeItemId row = RowOf(node);
+    if (!row.IsOk()) return;
+    EnsureVisible(row);
+    SelectItem(row);
+    EditLabel(row);
+}
+
+wxTreeItemId TreeRows::RowOf(const clsNode& node) {
+    std::vector<const clsNode*> path;
+    for (const clsNode* step = &node; step->ParentNode != nullptr; step = step->ParentNode) path.push_back(step);
+    wxTreeItemId row = GetRootItem();
+    if (path.empty() || !row.IsOk() || NodeOf(row) != path.back()) return {};
+    for (auto step = path.rbegin() + 1; step != path.rend(); ++step) {
+        FillUpTo(row, **step);
+        wxTreeItemIdValue cookie = nullptr;
+        wxTreeItemId child = GetFirstChild(row, cookie);
+        while (child.IsOk() && NodeOf(child) != *step) child = GetNextChild(row, cookie);
+        if (!child.IsOk()) return {};
+        row = child;
+    }
+    return row;
+}
+
+wxTreeItemId TreeRows::Append(const wxTreeItemId& parent, const clsNode& node) {
+    const wxString name = ToWx(node.NodeName);
+    auto* const data = new RowData(node);
+    const wxTreeItemId row =
+        parent.IsOk() ? AppendItem(parent, name, -1, -1, data) : AddRoot(name, -1, -1, data);
+    if (node.ChildNodes.Count() > 0) SetItemHasChildren(row);
+    return row;
+}
+
+void TreeRows::StartFilling(const wxTreeItemId& row) {
+    if (FillingOf(row) == nullptr && GetChildrenCount(row, false) == 0) filling_.push_back({row, 0});
+}
+
+TreeRows::Filling* TreeRows::FillingOf(const wxTreeItemId& row) {
+    const auto found = std::find_if(filling_.begin(), filling_.end(), [&](const Filling& f) { return f.row == row; });
+    return found == filling_.end() ? nullptr : &*found;
+}
+
+void TreeRows::Fill(Filling& filling, std::size_t last, long milliseconds) {
+    const auto& children = NodeOf(filling.row)->ChildNodes;
+    const wxStopWatch watch;
+    while (filling.nextChild < children.Count() && filling.nextChild <= last) {
+        Append(filling.row, **(children.begin() + filling.nextChild));
+        ++filling.nextChild;
+        if (filling.nextChild % kRowsPerLook == 0 && watch.Time() > milliseconds) return;
+    }
+}
+
+void TreeRows::FillUpTo(const wxTreeItemId& row, const clsNode& child) {
+    StartFilling(row);
+    Filling* const filling = FillingOf(row);
+    if (filling == nullptr) return;
+    const std::size_t index = IndexInParent(child);
+    if (index >= filling->nextChild) Fill(*filling, index, kNoLimit);
+}
+
+const clsNode* TreeRows::NodeOf(const wxTreeItemId& row) const {
+    const auto* const data = static_cast<const RowData*>(GetItemData(row));
+    return data == nullptr ? nullptr : &data->Node();
+}
+
+void TreeRows::OnSelected(wxTreeEvent& event) {
+    const wxTreeItemId row = event.GetItem();
+    if (isChanging_ || !row.IsOk()) return;
+    handlers_.clicked(NodeOf(row)->Key);
+}
+
+void TreeRows::OnExpanding(wxTreeEvent& event) {
+    const wxTreeItemId row = event.GetItem();
+    StartFilling(row);
+    if (Filling* const filling = FillingOf(row)) {
+        const Guard guard(isChanging_);
+        Fill(*filling, kNoLimit, kFirstSliceMilliseconds);
+    }
+}
+
+void TreeRows::OnIdle(wxIdleEvent& event) {
+    event.Skip();
+    if (filling_.empty()) return;
+    const Guard guard(isChanging_);
+    Filling& filling = filling_.front();
+    Fill(filling, kNoLimit, kSliceMilliseconds);
+    if (filling.nextChild >= NodeOf(filling.row)->ChildNodes.Count()) filling_.pop_front();
+    if (!filling_.empty()) event.RequestMore();
+}
+
+void TreeRows::OnEndLabelEdit(wxTreeEvent& event) {
+    if (event.IsEditCancelled()) return;
+    if (!handlers_.labelEdited(platform::FromWx(event.GetLabel()))) event.Veto();
+}
+
+void TreeRows::OnKey(wxTreeEvent& event) {
+    const int key = event.GetKeyCode();
+    if (key == WXK_F2 && GetSelection().IsOk()) {
+        EditLabel(GetSelection());
+    } else if (key == WXK_DELETE) {
+        handlers_.deleteKey();
+    } else {
+        event.Skip();
+    }
+}
+
+void TreeRows::OnItemMenu(wxTreeEvent& event) {
+    if (event.GetItem().IsOk()) SelectItem(event.GetItem());
+    handlers_.popUp();
+}
+
+void TreeRows::OnRightUp(wxMouseEvent& event) {
+    int flags = 0;
+    // On a row the event of its own menu comes.
+    if (!HitTest(event.GetPosition(), flags).IsOk()) handlers_.popUp();
+    event.Skip();
+}
+
+} // namespace tamarind::editors

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "document/clsNode.h"
+
+#include <wx/treectrl.h>
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <string>
+
+namespace tamarind::editors {
+
+/// The tree view: a row an element, its name as text. A row's children are added when it is first expanded, the many
+/// children of one row in slices between other events, so that a document of any size shows at once.
+class TreeRows : public wxTreeCtrl {
+public:
+    struct Handlers {
+        std::function<void(document::NodeKey)> clicked;
+        std::function<bool(const std::string&)> labelEdited; ///< false refuses the new name
+        std::function<void()> deleteKey;
+        std::function<void()> popUp;
+    };
+
+    TreeRows(wxWindow* parent, Handlers handlers);
+
+    void ShowDocument(const document::Document& document);
+    void Clear();
+    void AddNode(const document::clsNode& node);
+    /// Before the node is taken out of its parent.
+    void RemoveNode(const document::clsNode& node);
+    void EditNode(const document::clsNode& node);
+
+    /// The row of a node, with all rows above it made on demand; not OK when there is none.
+    [[nodiscard]] wxTreeItemId RowOf(const document::clsNode& node);
+
+private:
+    struct Filling {
+        wxTreeItemId row;
+        std::size_t nextChild;
+    };
+
+    void OnSelected(wxTreeEvent& event);
+    void OnExpanding(wxTreeEvent& event);
+    void OnEndLabelEdit(wxTreeEvent& event);
+    void OnKey(wxTreeEvent& event);
+    void OnItemMenu(wxTreeEvent& event);
+    void OnRightUp(wxMouseEvent& event);
+    void OnIdle(wxIdleEvent& event);
+
+    wxTreeItemId Append(const wxTreeItemId& parent, const document::clsNode& node);
+    /// Adds rows until `last` (from 0) is there or about that many milliseconds have passed.
+    void Fill(Filling& filling, std::size_t last, long milliseconds);
+    void StartFilling(const wxTreeItemId& row);
+    [[nodiscard]] Filling* FillingOf(const wxTreeItemId& row);
+    void FillUpTo(const wxTreeItemId& row, const document::clsNode& child);
+    [[nodiscard]] const document::clsNode* NodeOf(const wxTreeItemId& row) const;
+
+    Handlers handlers_;
+    std::deque<Filling> filling_; ///< rows whose children are not all there yet
+    bool isChanging_ = false;     ///< the program itself changes rows: selection events do not count
+};
+
+} // namespace tamarind::editors

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tamarind::platform {
+
+/// Whether a person can answer on standard input.
+[[nodiscard]] bool StandardInputIsTerminal();
+
+/// The program's arguments as UTF-8, without its own name, whatever code page main() was given them in. Also makes the
+/// console show UTF-8.
+[[nodiscard]] std::vector<std::string> ProgramArguments(int count, char** arguments);
+
+/// The text of the command line behind the program's name; on systems that hand over separate arguments, those with
+/// blanks between them, as a program's path.
+[[nodiscard]] std::string CommandLineText(int count, char** arguments);
+
+} // namespace tamarind::platform

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+/// Writing so that the old content survives every failure.
+namespace tamarind::platform {
+
+/// Writes a file's content through `sink`, as often as it likes.
+using WriteContent = std::function<void(OutputFile& sink)>;
+
+/// The target gets the content that `write` produces: first into a temporary file beside it, which is flushed, given
+/// the old file's owner and rights, and then put in its place in one step. Links in the path are followed. On failure
+/// the target is unchanged, the temporary file is gone, and the error goes on.
+void WriteSafely(Files& files, const std::string& path, const WriteContent& write);
+void WriteSafely(Files& files, const std::string& path, std::string_view bytes);
+
+/// The name under which a game file's old content is kept: path + ".bak", else path + ".bak" + 1 to 50, the first that
+/// does not exist; empty when all exist.
+[[nodiscard]] std::string FreeBackupName(const Files& files, const std::string& path);
+
+/// Puts the content of `newFile` in place of the game file `original` and keeps the old content under the free backup
+/// name; returns that name, empty when none was free (then the old content is gone). At no moment is `original`
+/// absent, empty or half-written. A missing `original` is the error FileNotFound. On failure `original` is unchanged,
+/// no backup was made, and the error's details say so.
+std::string ReplaceGameFile(Files& files, const std::string& original, const std::string& newFile);
+
+} // namespace tamarind::platform

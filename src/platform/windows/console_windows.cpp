@@ -1,0 +1,35 @@
+#include "platform/console.h"
+#include "platform/windows/wide.h"
+
+#include <io.h>
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <string_view>
+
+namespace tamarind::platform {
+
+bool StandardInputIsTerminal() { return _isatty(_fileno(stdin)) != 0; }
+
+// main() gets them in the system's code page, which has no letters for most names.
+std::vector<std::string> ProgramArguments(int, char**) {
+    SetConsoleOutputCP(CP_UTF8);
+    int count = 0;
+    wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i) arguments.push_back(FromWide(wide[i]));
+    LocalFree(wide);
+    return arguments;
+}
+
+std::string CommandLineText(int, char**) {
+    std::wstring_view line = GetCommandLineW();
+    const bool quoted = line.starts_with(L'"');
+    const std::size_t end = quoted ? line.find(L'"', 1) : line.find(L' ');
+    line.remove_prefix(end == std::wstring_view::npos ? line.size() : end + (quoted ? 1 : 0));
+    const std::size_t first = line.find_first_not_of(L' ');
+    return first == std::wstring_view::npos ? std::string() : FromWide(line.substr(first));
+}
+
+} // namespace tamarind::platform

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "document/clsNode.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamarind::session {
+
+enum class Page { Text = 0, Tree = 1 };
+
+/// Position and size of the main window in twips (1/1440 inch at 96 dpi, so 15 to a pixel).
+struct Geometry {
+    std::int16_t width = 0;
+    std::int16_t height = 0;
+    std::int16_t top = 0;
+    std::int16_t left = 0;
+    bool operator==(const Geometry&) const = default;
+};
+
+struct NewAttribute {
+    std::string name;
+    std::string value;
+};
+
+/// What the commands need of the main window. Indices count from 0, -1 is none.
+class EditorView {
+public:
+    virtual ~EditorView() = default;
+
+    // The window.
+    virtual void SetCaption(const std::string& caption) = 0;
+    [[nodiscard]] virtual std::string Caption() const = 0;
+    virtual void SetGeometry(const Geometry& geometry) = 0;
+    [[nodiscard]] virtual Geometry CurrentGeometry() const = 0;
+    virtual void ShowPage(Page page) = 0;
+    /// Menus and buttons follow the state of session and document.
+    virtual void UpdateCommands() = 0;
+    virtual void ShowWindow() = 0;
+    virtual void CloseWindow() = 0;
+
+    // The text page.
+    virtual void SetEditorText(const std::string& text) = 0;
+    [[nodiscard]] virtual std::string EditorText() const = 0;
+    /// Whether the person has changed the text since it was set or saved.
+    [[nodiscard]] virtual bool IsEditorTextModified() const = 0;
+    virtual void SetEditorTextSaved() = 0;
+    /// The open file's path in Text1 and Label2.
+    virtual void ShowFilePath(const std::string& path) = 0;
+    /// What stands in Text1 now.
+    [[nodiscard]] virtual std::string FilePath() const = 0;
+
+    // The rows of the tree.
+    /// Rows for the whole document, the top one expanded, none selected.
+    virtual void ShowTree(const document::Document& document) = 0;
+    virtual void ClearTree() = 0;
+    /// A row for a node that was just appended to its parent, with rows for all below it.
+    virtual void AddRow(const document::clsNode& node) = 0;
+    /// Before the node is taken out of its parent.
+    virtual void RemoveRow(const document::clsNode& node) = 0;
+    virtual void EditRowLabel(const document::clsNode& node) = 0;
+
+    // The attribute area.
+    /// Everything in it; disabling also empties it.
+    virtual void EnableAttributeArea(bool enabled) = 0;
+    /// Remove, Rename and the value box, which need a selected attribute.
+    virtual void EnableAttributeEditing(bool enabled) = 0;
+    virtual void ShowAttributeNames(const std::vector<std::string>& names) = 0;
+    virtual void AppendAttributeName(const std::string& name) = 0;
+    virtual void RemoveAttributeName(int index) = 0;
+    virtual void SetAttributeName(int index, const std::string& name) = 0;
+    [[nodiscard]] virtual int SelectedAttribute() const = 0;
+    virtual void ShowAttributeValue(const std::string& value) = 0;
+    virtual void ShowCharacters(const std::string& text) = 0;
+    /// Nothing when the dialog was cancelled.
+    [[nodiscard]] virtual std::optional<NewAttribute> AskForAttribute() = 0;
+};
+
+} // namespace tamarind::session

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "session/editor_view.h"
+
+namespace tamarind::session {
+
+/// A main window that nobody sees: it keeps the texts, so that commands run without a window system.
+class HeadlessView : public EditorView {
+public:
+    void SetCaption(const std::string& caption) override { caption_ = caption; }
+    [[nodiscard]] std::string Caption() const override { return caption_; }
+    void SetGeometry(const Geometry& geometry) override { geometry_ = geometry; }
+    [[nodiscard]] Geometry CurrentGeometry() const override { return geometry_; }
+    void ShowPage(Page) override {}
+    void UpdateCommands() override {}
+    void ShowWindow() override {}
+    void CloseWindow() override {}
+    void SetEditorText(const std::string& text) override { text_ = text; }
+    [[nodiscard]] std::string EditorText() const override { return text_; }
+    [[nodiscard]] bool IsEditorTextModified() const override { return false; }
+    void SetEditorTextSaved() override {}
+    void ShowFilePath(const std::string& path) override { filePath_ = path; }
+    [[nodiscard]] std::string FilePath() const override { return filePath_; }
+    void ShowTree(const document::Document&) override {}
+    void ClearTree() override {}
+    void AddRow(const document::clsNode&) override {}
+    void RemoveRow(const document::clsNode&) override {}
+    void EditRowLabel(const document::clsNode&) override {}
+    void EnableAttributeArea(bool) override {}
+    void EnableAttributeEditing(bool) override {}
+    void ShowAttributeNames(const std::vector<std::string>&) override {}
+    void AppendAttributeName(const std::string&) override {}
+    void RemoveAttributeName(int) override {}
+    void SetAttributeName(int, const std::string&) override {}
+    [[nodiscard]] int SelectedAttribute() const override { return -1; }
+    void ShowAttributeValue(const std::string&) override {}
+    void ShowCharacters(const std::string&) override {}
+    [[nodiscard]] std::optional<NewAttribute> AskForAttribute() override { return std::nullopt; }
+
+private:
+    std::string caption_;
+    Geometry geometry_;
+    std::string text_;
+    std::string filePath_;
+};
+
+} // namespace tamarind::session

@@ -1,0 +1,191 @@
+#include "shell/frmEditor.h"
+
+#include "editors/tree_editor.h"
+#include "platform/wx/window_icons.h"
+#include "platform/wx/wx_text.h"
+#include "shell/closing.h"
+#include "shell/start_up.h"
+#include "text/runtime_error.h"
+
+#include <wx/menu.h>
+#include <wx/notebook.h>
+#include <wx/sizer.h>
+
+#include <memory>
+#include <utility>
+
+namespace tamarind::shell {
+
+using platform::ToWx;
+using session::EditorContext;
+using session::Page;
+
+namespace {
+
+constexpr int kFirstItemId = wxID_HIGHEST + 1;
+const wxSize kDesignSize(1000, 700);
+const wxSize kSmallestSize(760, 560);
+
+} // namespace
+
+int frmEditor::IdOf(const MenuItem& item) {
+    return kFirstItemId + static_cast<int>(&item - MenuItems().data());
+}
+
+frmEditor::frmEditor(session::Session& session, const platform::Platform& platform)
+    : wxFrame(nullptr, wxID_ANY, kDesignCaption, wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE, "frmEditor"),
+      session_(session), ui_({.parent = [this] { return this; },
+                              .showStatus = [this](const std::string& text) { SetStatusText(ToWx(text)); },
+                              .setWaiting = [this](bool waiting) { isWaiting_ = waiting; },
+                              .stopRequested = [this] { return std::exchange(stopsProgram_, false); }}),
+      context_{session, document_, platform, ui_, *this} {
+    CreateStatusBar();
+    MakePages();
+    MakeMenus();
+    platform::SetWindowIcons(*this);
+    SetMinSize(FromDIP(kSmallestSize));
+    SetSize(FromDIP(kDesignSize));
+    normalPlace_ = GetRect();
+    BindEvents();
+}
+
+frmEditor::~frmEditor() {
+    // The "Files" menu that is not in the menu bar belongs to nobody else.
+    delete menus_[textFilesMenuShown_ ? "mnuFile" : "mnuFileS"];
+}
+
+void frmEditor::Start(const std::string& commandLine) {
+    Run([&commandLine](EditorContext& context) { StartUp(context, commandLine); });
+}
+
+void frmEditor::MakePages() {
+    ssTab1_ = new wxNotebook(this, wxID_ANY);
+    ssTab1_->SetName("SSTab1");
+    textPage_ = new editors::TextPage(ssTab1_);
+    treePage_ = new editors::TreePage(
+        ssTab1_, [this](const auto& command) { Run(command); }, [this] { PopUpNodes(); });
+    ssTab1_->AddPage(textPage_, "Tamarind Editor");
+    ssTab1_->AddPage(treePage_, "XML Editor");
+    auto* const outer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(ssTab1_, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(8)));
+    SetSizer(outer);
+}
+
+wxMenu* frmEditor::MakeMenu(std::string_view name) {
+    auto* const menu = new wxMenu;
+    for (const MenuItem& item : MenuItems()) {
+        if (item.menu != name) continue;
+        wxString label = ToWx(item.caption);
+        if (!item.shortcut.empty()) label += "\t" + ToWx(item.shortcut);
+        menu->Append(IdOf(item), label);
+    }
+    return menu;
+}
+
+void frmEditor::MakeMenus() {
+    auto* const bar = new wxMenuBar;
+    for (const Menu& menu : Menus()) {
+        if (menu.name == "mnuNodePopUp") continue;
+        menus_[menu.name] = MakeMenu(menu.name);
+        if (menu.name != "mnuFile") bar->Append(menus_[menu.name], ToWx(menu.caption));
+    }
+    SetMenuBar(bar);
+}
+
+void frmEditor::BindEvents() {
+    Bind(wxEVT_MENU, &frmEditor::OnMenu, this);
+    Bind(wxEVT_CLOSE_WINDOW, &frmEditor::OnClose, this);
+    const auto placed = [this](auto& event) {
+        OnPlaced();
+        event.Skip();
+    };
+    Bind(wxEVT_SIZE, [placed](wxSizeEvent& event) { placed(event); });
+    Bind(wxEVT_MOVE, [placed](wxMoveEvent& event) { placed(event); });
+    ssTab1_->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
+        SSTab1_Click();
+        event.Skip();
+    });
+}
+
+void frmEditor::Run(const std::function<void(EditorContext&)>& command) {
+    if (hasFailed_) return;
+    ++runningCommands_;
+    try {
+        command(context_);
+    } catch (const text::RuntimeError& error) {
+        hasFailed_ = true;
+        ReportFatalError(context_, error);
+    }
+    --runningCommands_;
+    if (runningCommands_ > 0) return;
+    if (hasFailed_) {
+        Destroy();
+    } else if (closesAfterwards_) {
+        closesAfterwards_ = false;
+        CallAfter([this] { Close(); });
+    }
+}
+
+void frmEditor::OnMenu(wxCommandEvent& event) {
+    const int index = event.GetId() - kFirstItemId;
+    if (index < 0 || index >= static_cast<int>(MenuItems().size())) {
+        event.Skip();
+        return;
+    }
+    const MenuItem& item = MenuItems()[static_cast<std::size_t>(index)];
+    if (IsItemEnabled(item, context_)) Run(item.command);
+}
+
+void frmEditor::OnClose(wxCloseEvent& event) {
+    if (runningCommands_ > 0 && event.CanVeto()) {
+        event.Veto();
+        if (closesAfterwards_ && isWaiting_) {
+            const auto answer = ui_.Show({.text = "The outside program is still running. Stop it?",
+                                          .icon = platform::Icon::Question,
+                                          .buttons = platform::Buttons::YesNo});
+            stopsProgram_ = answer == platform::Answer::Yes && isWaiting_;
+        }
+        closesAfterwards_ = true;
+        ui_.ShowStatus("The window closes when the running command has ended.");
+        return;
+    }
+    bool mayClose = false;
+    Run([&mayClose](EditorContext& context) { mayClose = MayClose(context); });
+    if (hasFailed_) return;
+    if (!mayClose && event.CanVeto()) {
+        event.Veto();
+        return;
+    }
+    Destroy();
+}
+
+void frmEditor::OnPlaced() {
+    if (!IsMaximized() && !IsIconized()) normalPlace_ = GetRect();
+}
+
+void frmEditor::SSTab1_Click() { ShowPageState(); }
+
+void frmEditor::ShowPageState() {
+    const auto state = editors::StateOfPages(session_);
+    textPage_->ShowState(state);
+    treePage_->ShowState(state);
+    if (state.textFilesMenu != textFilesMenuShown_) {
+        textFilesMenuShown_ = state.textFilesMenu;
+        GetMenuBar()->Replace(0, menus_[textFilesMenuShown_ ? "mnuFileS" : "mnuFile"], "Files");
+    }
+    UpdateCommands();
+}
+
+void frmEditor::PopUpNodes() {
+    const auto state = editors::PrepareNodePopUp(document_);
+    if (!state.isShown) return;
+    const std::unique_ptr<wxMenu> menu(MakeMenu("mnuNodePopUp"));
+    for (const MenuItem& item : MenuItems()) {
+        if (item.menu != "mnuNodePopUp") continue;
+        if (item.name == "mnuNodePopUpNew") menu->SetLabel(IdOf(item), ToWx(state.newCaption));
+        menu->Enable(IdOf(item), IsItemEnabled(item, context_));
+    }
+    PopupMenu(menu.get());
+}
+
+} // namespace tamarind::shell

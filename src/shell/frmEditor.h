@@ -1,0 +1,100 @@
+#pragma once
+
+#include "editors/text_page.h"
+#include "editors/tree_page.h"
+#include "platform/wx/wx_ui.h"
+#include "session/editor_context.h"
+#include "shell/menus.h"
+
+#include <wx/frame.h>
+
+#include <functional>
+#include <map>
+#include <string>
+
+class wxNotebook;
+
+namespace tamarind::shell {
+
+/// The main window: two pages, two "Files" menus of which one is shown, and the menus of every other tool.
+class frmEditor : public wxFrame, private session::EditorView {
+public:
+    frmEditor(session::Session& session, const platform::Platform& platform);
+    ~frmEditor() override;
+
+    /// Everything from here to the window's being ready.
+    void Start(const std::string& commandLine);
+
+    /// Carries out a command and handles an error that it does not handle itself. Commands nest: while one waits for an
+    /// outside program, another can start.
+    void Run(const std::function<void(session::EditorContext&)>& command);
+
+    [[nodiscard]] session::EditorContext& Context() { return context_; }
+
+    /// The window system's number for a menu item.
+    [[nodiscard]] static int IdOf(const MenuItem& item);
+
+private:
+    void MakePages();
+    void MakeMenus();
+    wxMenu* MakeMenu(std::string_view name);
+    void BindEvents();
+    void ShowPageState();
+    void PopUpNodes();
+
+    void OnMenu(wxCommandEvent& event);
+    void OnClose(wxCloseEvent& event);
+    void OnPlaced();
+    void SSTab1_Click();
+
+    // session::EditorView
+    void SetCaption(const std::string& caption) override;
+    [[nodiscard]] std::string Caption() const override;
+    void SetGeometry(const session::Geometry& geometry) override;
+    [[nodiscard]] session::Geometry CurrentGeometry() const override;
+    void ShowPage(session::Page page) override;
+    void UpdateCommands() override;
+    void ShowWindow() override;
+    void CloseWindow() override;
+    void SetEditorText(const std::string& text) override;
+    [[nodiscard]] std::string EditorText() const override;
+    [[nodiscard]] bool IsEditorTextModified() const override;
+    void SetEditorTextSaved() override;
+    void ShowFilePath(const std::string& path) override;
+    [[nodiscard]] std::string FilePath() const override;
+    void ShowTree(const document::Document& document) override;
+    void ClearTree() override;
+    void AddRow(const document::clsNode& node) override;
+    void RemoveRow(const document::clsNode& node) override;
+    void EditRowLabel(const document::clsNode& node) override;
+    void EnableAttributeArea(bool enabled) override;
+    void EnableAttributeEditing(bool enabled) override;
+    void ShowAttributeNames(const std::vector<std::string>& names) override;
+    void AppendAttributeName(const std::string& name) override;
+    void RemoveAttributeName(int index) override;
+    void SetAttributeName(int index, const std::string& name) override;
+    [[nodiscard]] int SelectedAttribute() const override;
+    void ShowAttributeValue(const std::string& value) override;
+    void ShowCharacters(const std::string& text) override;
+    [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override;
+
+    session::Session& session_;
+    document::OpenDocument document_;
+    platform::WxUserInterface ui_;
+    session::EditorContext context_;
+
+    wxNotebook* ssTab1_ = nullptr;
+    editors::TextPage* textPage_ = nullptr;
+    editors::TreePage* treePage_ = nullptr;
+    std::map<std::string_view, wxMenu*> menus_;
+    bool textFilesMenuShown_ = true;
+    wxRect normalPlace_; ///< where the window is when neither maximised nor minimised
+
+    int runningCommands_ = 0;
+    bool isWaiting_ = false;     ///< for an outside program
+    bool closesAfterwards_ = false;
+    bool stopsProgram_ = false;
+    bool hasFailed_ = false;
+};
+
+} // namespace tamarind::shell

@@ -1,0 +1,120 @@
+#include "editors/frmAddAttribute.h"
+#include "platform/wx/wx_text.h"
+#include "shell/frmEditor.h"
+#include "text/numbers.h"
+
+#include <wx/display.h>
+#include <wx/menu.h>
+#include <wx/notebook.h>
+
+// What the commands ask of the main window.
+namespace tamarind::shell {
+
+using platform::FromWx;
+using platform::ToWx;
+using session::Geometry;
+using session::Page;
+
+namespace {
+
+/// 1/1440 inch at 96 dots an inch.
+constexpr double kTwipsPerPixel = 15.0;
+/// How much of a window must be on a screen so that it can be taken hold of, in pixels.
+constexpr int kVisible = 40;
+
+bool IsReachable(const wxRect& place) {
+    const wxPoint handle(place.x + std::min(place.width, kVisible), place.y + kVisible / 2);
+    return place.y >= -kVisible / 2 && wxDisplay::GetFromPoint(handle) != wxNOT_FOUND;
+}
+
+} // namespace
+
+void frmEditor::SetCaption(const std::string& caption) { SetTitle(ToWx(caption)); }
+
+std::string frmEditor::Caption() const { return FromWx(GetTitle()); }
+
+void frmEditor::SetGeometry(const Geometry& geometry) {
+    const auto pixels = [this](std::int16_t twips) { return FromDIP(static_cast<int>(twips / kTwipsPerPixel)); };
+    const wxSize smallest = GetMinSize();
+    wxRect place(pixels(geometry.left), pixels(geometry.top), std::max(pixels(geometry.width), smallest.x),
+                 std::max(pixels(geometry.height), smallest.y));
+    SetSize(place.GetSize());
+    // A screen that is no longer there must not keep the window.
+    if (IsReachable(place)) {
+        SetPosition(place.GetPosition());
+    } else {
+        Centre();
+    }
+}
+
+Geometry frmEditor::CurrentGeometry() const {
+    const auto twips = [this](int pixels) { return text::ClampToInt16(ToDIP(pixels) * kTwipsPerPixel); };
+    return {twips(normalPlace_.width), twips(normalPlace_.height), twips(normalPlace_.y), twips(normalPlace_.x)};
+}
+
+void frmEditor::ShowPage(Page page) {
+    ssTab1_->ChangeSelection(static_cast<std::size_t>(page));
+    ShowPageState();
+}
+
+void frmEditor::UpdateCommands() {
+    for (const MenuItem& item : MenuItems()) {
+        const auto menu = menus_.find(item.menu);
+        if (menu != menus_.end()) menu->second->Enable(IdOf(item), IsItemEnabled(item, context_));
+    }
+}
+
+void frmEditor::ShowWindow() { Show(); }
+
+void frmEditor::CloseWindow() { CallAfter([this] { Close(); }); }
+
+void frmEditor::SetEditorText(const std::string& text) { textPage_->SetText(text); }
+
+std::string frmEditor::EditorText() const { return textPage_->Text(); }
+
+bool frmEditor::IsEditorTextModified() const { return textPage_->IsModified(); }
+
+void frmEditor::SetEditorTextSaved() { textPage_->SetSaved(); }
+
+void frmEditor::ShowFilePath(const std::string& path) {
+    textPage_->SetFilePath(path);
+    treePage_->SetFilePath(path);
+}
+
+std::string frmEditor::FilePath() const { return textPage_->FilePath(); }
+
+void frmEditor::ShowTree(const document::Document& document) { treePage_->Rows().ShowDocument(document); }
+
+void frmEditor::ClearTree() { treePage_->Rows().Clear(); }
+
+void frmEditor::AddRow(const document::clsNode& node) { treePage_->Rows().AddNode(node); }
+
+void frmEditor::RemoveRow(const document::clsNode& node) { treePage_->Rows().RemoveNode(node); }
+
+void frmEditor::EditRowLabel(const document::clsNode& node) { treePage_->Rows().EditNode(node); }
+
+void frmEditor::EnableAttributeArea(bool enabled) { treePage_->EnableAttributeArea(enabled); }
+
+void frmEditor::EnableAttributeEditing(bool enabled) { treePage_->EnableAttributeEditing(enabled); }
+
+void frmEditor::ShowAttributeNames(const std::vector<std::string>& names) { treePage_->ShowAttributeNames(names); }
+
+void frmEditor::AppendAttributeName(const std::string& name) { treePage_->AppendAttributeName(name); }
+
+void frmEditor::RemoveAttributeName(int index) { treePage_->RemoveAttributeName(index); }
+
+void frmEditor::SetAttributeName(int index, const std::string& name) { treePage_->SetAttributeName(index, name); }
+
+int frmEditor::SelectedAttribute() const { return treePage_->SelectedAttribute(); }
+
+void frmEditor::ShowAttributeValue(const std::string& value) { treePage_->ShowAttributeValue(value); }
+
+void frmEditor::ShowCharacters(const std::string& text) { treePage_->ShowCharacters(text); }
+
+std::optional<session::NewAttribute> frmEditor::AskForAttribute() {
+    editors::frmAddAttribute dialog(this, ui_);
+    if (dialog.ShowModal() != wxID_OK) return std::nullopt;
+    return dialog.Entered();
+}
+
+} // namespace tamarind::shell

@@ -1,0 +1,108 @@
+#include "shell/menus.h"
+
+#include "convert/game_file.h"
+#include "editors/tree_editor.h"
+#include "shell/options.h"
+
+#include <array>
+
+namespace tamarind::shell {
+
+using session::EditorContext;
+
+namespace {
+
+/// A command whose result no menu item needs.
+template <auto command> void Run(EditorContext& context) { static_cast<void>(command(context)); }
+
+void Close(EditorContext& context) { context.view.CloseWindow(); }
+
+bool HasGameFile(const EditorContext& context) { return context.session.RSFileLoaded; }
+bool HasDocument(const EditorContext& context) { return context.document.isOpen; }
+bool CanSaveAs(const EditorContext& context) { return context.document.canSaveAs; }
+bool CanCopy(const EditorContext& context) { return context.document.canCopy; }
+bool CanPaste(const EditorContext& context) { return context.document.canPaste; }
+bool CanChangeNode(const EditorContext& context) {
+    return editors::PrepareNodePopUp(context.document).canRenameAndDelete;
+}
+
+constexpr std::array kMenus = {
+    Menu{"mnuFileS", "Files"},
+    Menu{"mnuFile", "Files"},
+    Menu{"mnuNodePopUp", "Nodes"},
+    Menu{"mnuSearch", "Search Tamarind Editor"},
+    Menu{"mnuConv", "Conversions"},
+    Menu{"mnuTools", "Tools"},
+    Menu{"mnuEB", "Easy Blueprints"},
+    Menu{"mnuOpt", "Options"},
+    Menu{"mnuHelp", "Help"},
+};
+
+// A null command keeps its item in the menu, disabled.
+constexpr std::array kItems = {
+    MenuItem{"mnuFileS", "mnuOpenRS", "Open RailSim File", Run<convert::OpenRailSimFile>, nullptr, "Ctrl+O"},
+    MenuItem{"mnuFileS", "mnuSaveRS", "Save RailSim File", Run<convert::SaveRailSimFile>, HasGameFile, "Ctrl+S"},
+    MenuItem{"mnuFileS", "mnuXML", "Open .xml/.cost/.tgt file", Run<convert::OpenXmlFile>},
+    MenuItem{"mnuFileS", "mnuSavexml", "Save .xml/.cost/.tgt file", convert::SaveXmlText},
+    MenuItem{"mnuFileS", "mnuSaveAs", "Save .xml As", convert::SaveXmlTextAs},
+    MenuItem{"mnuFileS", "mnuOpenTex", "Open .TgPcDx Texture Files", Run<convert::OpenTextureFile>},
+    MenuItem{"mnuFileS", "mnuExit", "&Exit", Close},
+
+    MenuItem{"mnuFile", "mnuFileOpen", "Open RailSim File", Run<convert::OpenRailSimFileInTree>, nullptr, "Ctrl+O"},
+    MenuItem{"mnuFile", "mnuFileSave", "Save RailSim File", Run<convert::SaveRailSimFileFromTree>, HasDocument,
+             "Ctrl+S"},
+    MenuItem{"mnuFile", "mnuOpenXCT", "Open .xml/.cost/.tgt file", Run<convert::OpenXmlFileInTree>},
+    MenuItem{"mnuFile", "mnuSaveXCT", "Save .xml/.cost/.tgt file", convert::SaveXmlFromTree, HasDocument},
+    MenuItem{"mnuFile", "mnuFileSaveAs", "Save .xml As", convert::SaveXmlFromTreeAs, CanSaveAs},
+    MenuItem{"mnuFile", "mnuFileExit", "Exit", Close},
+
+    MenuItem{"mnuNodePopUp", "mnuNodePopUpNew", "New Child Node", editors::NewNode},
+    MenuItem{"mnuNodePopUp", "mnuNodePopupRename", "Rename Node", editors::RenameNode, CanChangeNode},
+    MenuItem{"mnuNodePopUp", "mnuNodePopUpDelete", "Delete Node", editors::DeleteNode, CanChangeNode},
+    MenuItem{"mnuNodePopUp", "mnuEditCopy", "Copy", editors::CopySelectedNode, CanCopy},
+    MenuItem{"mnuNodePopUp", "mnuEditPaste", "Paste", editors::PasteNode, CanPaste},
+
+    MenuItem{"mnuSearch", "mnuFind", "&Find", nullptr},
+
+    MenuItem{"mnuConv", "mnuDDS", "Convert RS to .dds", nullptr},
+    MenuItem{"mnuConv", "mnuView", "View .dds File", nullptr},
+    MenuItem{"mnuConv", "mnuEditDDS", "Edit .dds File", nullptr},
+    MenuItem{"mnuConv", "mnuDDStoKrs", "Convert .dds to RS", nullptr},
+
+    MenuItem{"mnuTools", "mnuDelRoute", "Check Routes or Scenarios", nullptr},
+    MenuItem{"mnuTools", "mnuMarker", "Convert Marker files", nullptr},
+    MenuItem{"mnuTools", "mnuPackAss", "Package Assets", nullptr},
+    MenuItem{"mnuTools", "mnuPack", "Package Route", nullptr},
+    MenuItem{"mnuTools", "mnuPackSce", "Package Scenarios", nullptr},
+    MenuItem{"mnuTools", "mnuDeveloper", "Set Up Developer Folder", nullptr},
+    MenuItem{"mnuTools", "mnuDevFolders", "Set Up Sub- Folders", nullptr},
+
+    MenuItem{"mnuEB", "mnuMarkN", "Markers - Named", nullptr},
+    MenuItem{"mnuEB", "mnuMarkS", "Markers - Series", nullptr},
+    MenuItem{"mnuEB", "mnuRoute", "Route Template", nullptr},
+
+    MenuItem{"mnuOpt", "mnuClear", "Clear Screen", nullptr},
+    MenuItem{"mnuOpt", "mnuCTF", "Clear Temp Files", nullptr},
+    MenuItem{"mnuOpt", "mnuReadWrite", "Make all RS files Read/Write", nullptr},
+    MenuItem{"mnuOpt", "mnuSelDefEdit", "Select Default Editor", SelectDefaultEditor},
+    MenuItem{"mnuOpt", "mnuRSPath", "Select RS Path", SelectRailSimPath},
+    MenuItem{"mnuOpt", "mnuIRF", "Texture Editor Path", nullptr},
+    MenuItem{"mnuOpt", "mnuURS", "Use Tamarind Editor this session only", UseTamarindEditor},
+    MenuItem{"mnuOpt", "mnuUXML", "Use XML Editor this session only", UseXmlEditor},
+    MenuItem{"mnuOpt", "mnuViewer", "Viewer Path", nullptr},
+
+    MenuItem{"mnuHelp", "mnuContents", "Contents", nullptr},
+    MenuItem{"mnuHelp", "mnuAbout", "About", nullptr},
+};
+
+} // namespace
+
+std::span<const Menu> Menus() { return kMenus; }
+
+std::span<const MenuItem> MenuItems() { return kItems; }
+
+bool IsItemEnabled(const MenuItem& item, const EditorContext& context) {
+    return item.command != nullptr && (item.isEnabled == nullptr || item.isEnabled(context));
+}
+
+} // namespace tamarind::shell

@@ -1,0 +1,92 @@
+#include "text/search.h"
+
+#include "text/code_page.h"
+#include "text/runtime_error.h"
+
+#include <algorithm>
+
+namespace tamarind::text {
+namespace {
+
+/// Lower case of one code point in the Latin, Greek and Cyrillic alphabets; any other stays as it is.
+char32_t LowerOf(char32_t c) {
+    if (c < 0x80) return c >= 'A' && c <= 'Z' ? c + 32 : c;
+    if (c <= 0xDE) return c >= 0xC0 && c != 0xD7 ? c + 32 : c;
+    if (c == 0x178) return 0xFF;
+    if (c == 0x130) return 'i';
+    const bool evenCapitals = (c >= 0x100 && c <= 0x137) || (c >= 0x14A && c <= 0x177) || (c >= 0x460 && c <= 0x481) ||
+                              (c >= 0x48A && c <= 0x4BF) || (c >= 0x4D0 && c <= 0x52F) || (c >= 0x1E00 && c <= 0x1E95) ||
+                              (c >= 0x1EA0 && c <= 0x1EFF);
+    if (evenCapitals) return c % 2 == 0 ? c + 1 : c;
+    const bool oddCapitals = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
+    if (oddCapitals) return c % 2 == 1 ? c + 1 : c;
+    if (c >= 0x391 && c <= 0x3AB && c != 0x3A2) return c + 32;
+    if (c >= 0x410 && c <= 0x42F) return c + 32;
+    if (c >= 0x400 && c <= 0x40F) return c + 80;
+    return c;
+}
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+} // namespace
+
+std::size_t Find(std::string_view text, std::string_view key, std::size_t start) {
+    if (start == 0) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    const std::size_t found = start > text.size() ? kNone : text.find(key, start - 1);
+    return found == kNone ? 0 : found + 1;
+}
+
+std::size_t FindLast(std::string_view text, std::string_view key, std::size_t end) {
+    const std::size_t found = text.substr(0, std::min(end, text.size())).rfind(key);
+    return found == kNone || end == 0 ? 0 : found + 1;
+}
+
+std::string Cut(std::string_view text, std::int64_t start, std::int64_t length) {
+    if (start < 1 || length < 0) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    const auto from = static_cast<std::size_t>(start - 1);
+    return from >= text.size() ? std::string() : std::string(text.substr(from, static_cast<std::size_t>(length)));
+}
+
+std::string ReplaceAll(std::string_view text, std::string_view key, std::string_view replacement) {
+    std::string result;
+    if (key.empty()) return std::string(text);
+    std::size_t from = 0;
+    for (std::size_t hit = text.find(key); hit != kNone; hit = text.find(key, from)) {
+        result.append(text.substr(from, hit - from)).append(replacement);
+        from = hit + key.size();
+    }
+    return result.append(text.substr(from));
+}
+
+std::string ToLower(std::string_view text) {
+    std::string lower;
+    lower.reserve(text.size());
+    while (!text.empty()) {
+        const char raw = text.front();
+        const CodePoint next = TakeCodePoint(text);
+        if (next.valid) {
+            AppendUtf8(lower, LowerOf(next.value));
+        } else {
+            lower += raw;
+        }
+    }
+    return lower;
+}
+
+bool EqualNoCase(std::string_view left, std::string_view right) { return CompareNoCase(left, right) == 0; }
+
+bool EndsWithNoCase(std::string_view text, std::string_view ending) {
+    return text.size() >= ending.size() && EqualNoCase(text.substr(text.size() - ending.size()), ending);
+}
+
+int CompareNoCase(std::string_view left, std::string_view right) {
+    while (!left.empty() && !right.empty()) {
+        const char32_t a = LowerOf(TakeCodePoint(left).value);
+        const char32_t b = LowerOf(TakeCodePoint(right).value);
+        if (a != b) return a < b ? -1 : 1;
+    }
+    if (left.empty()) return right.empty() ? 0 : -1;
+    return 1;
+}
+
+} // namespace tamarind::text
