@@ -61,6 +61,7 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
     ParseResult result;
     CLI::App app("Tamarind's jobs without a window", "tamarind-cli");
     app.require_subcommand(1);
+    app.allow_windows_style_options(false); // "/name" is a path on every system
     AddGlobalOptions(app, result.arguments);
     AddCommands(app, result.arguments);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
@@ -75,7 +76,8 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
         result.exitCode = 0;
     } catch (const CLI::ParseError& error) {
         result.arguments.command = CommandWord(app);
-        result.arguments.json = std::find(words.begin(), words.end(), "--json") != words.end();
+        const auto options = std::find(words.begin(), words.end(), "--");
+        result.arguments.json = std::find(words.begin(), options, "--json") != options;
         result.message = std::string(error.what()) + "\nRun with --help for more information.\n";
         result.exitCode = kWrongUsage;
     }

@@ -24,13 +24,17 @@ namespace {
 /// What a window's start-up does before a game file can be opened.
 void PrepareGame(EditorContext& context, const Arguments& arguments) {
     auto& session = context.session;
-    try {
-        shell::ReadSettings(context);
-    } catch (const text::RuntimeError& error) {
-        context.ui.Show({.text = error.Description() + "\r\n" + error.Details()});
-    }
+    const auto step = [&context](void (*read)(EditorContext&)) {
+        try {
+            read(context);
+        } catch (const text::RuntimeError& error) {
+            context.ui.Show({.text = error.Details().empty() ? error.Description()
+                                                             : error.Description() + "\r\n" + error.Details()});
+        }
+    };
+    step(shell::ReadSettings);
     if (!arguments.gameFolder.empty()) session.RailSimPath = platform::FromNative(arguments.gameFolder);
-    shell::FindGameFolder(context);
+    step(shell::FindGameFolder);
     auto& files = context.platform.files;
     if (!platform::FolderExists(files, session.TempFiles())) files.CreateFolder(session.TempFiles());
 }
@@ -47,8 +51,7 @@ Result Open(EditorContext& context, const Arguments& arguments) {
     if (!OpenGameFile(context, arguments.file)) return {Outcome::Failed};
     const auto& session = context.session;
     const std::string xml = platform::ToNative(session.TempBase + "xml");
-    const std::string extension = platform::ExtensionOf(platform::NameOf(session.CommandFile));
-    return {Outcome::Done, {{"xml", xml}, {"base", session.FileBaseName}, {"extension", extension}}, xml + "\n"};
+    return {Outcome::Done, {{"xml", xml}, {"base", session.FileBaseName}, {"extension", session.RSFileExt}}, xml + "\n"};
 }
 
 Result Save(EditorContext& context, const Arguments& arguments) {

@@ -9,7 +9,9 @@
 #include "text/runtime_error.h"
 #include "text/search.h"
 
+#include <algorithm>
 #include <string>
+#include <utility>
 
 namespace tamarind::convert {
 
@@ -48,17 +50,63 @@ void ShowChosenFile(EditorContext& context) {
     context.ui.ProcessEvents();
 }
 
-/// The text editor's content makes room: what was not saved stays in TempFiles\Recovered.
-void ReplaceEditorText(EditorContext& context, const std::string& text) {
-    std::string kept;
+/// What was not saved stays in TempFiles\\Recovered when its place is taken.
+void KeepUnsaved(EditorContext& context, std::string (*keep)(EditorContext&), const std::string& what) {
     try {
-        kept = KeepUnsavedText(context);
+        const std::string kept = keep(context);
+        if (!kept.empty()) context.ui.ShowStatus(what + " that was not saved is kept in " + platform::ForDisplay(kept));
     } catch (const RuntimeError& error) {
-        context.ui.Show({.text = "The text that was not saved could not be kept in TempFiles: " +
-                                 error.Description() + "\r\n" + error.Details()});
+        context.ui.Show({.text = what + " that was not saved could not be kept in TempFiles: " + error.Description() +
+                                 "\r\n" + error.Details()});
     }
+}
+
+void ReplaceEditorText(EditorContext& context, const std::string& text) {
+    KeepUnsaved(context, KeepUnsavedText, "The text");
     context.view.SetEditorText(text);
-    if (!kept.empty()) context.ui.ShowStatus("The text that was not saved is kept in " + platform::ForDisplay(kept));
+}
+
+/// Loads an XML file over the document without a question.
+void ReplaceDocument(EditorContext& context) {
+    KeepUnsaved(context, KeepUnsavedDocument, "The XML document");
+    if (!context.session.CommandFile.empty()) context.document.path = context.session.CommandFile;
+    editors::LoadXmlFile(context);
+}
+
+/// Which game file a command works on. A copy: while the converter runs, another file may be opened.
+struct Target {
+    std::string original;
+    std::string tempBase;
+    std::string extension;
+};
+
+/// While a command converts a game file, none of the same base name may be opened or saved: they share their working
+/// files.
+class Converting {
+public:
+    Converting(session::Session& session, std::string tempBase) : session_(session) {
+        session_.convertingBases.push_back(std::move(tempBase));
+    }
+    // Commands nest, so the last one is this one.
+    ~Converting() { session_.convertingBases.pop_back(); }
+    Converting(const Converting&) = delete;
+    Converting& operator=(const Converting&) = delete;
+
+private:
+    session::Session& session_;
+};
+
+/// Whether the working files are free; if not, the person was told.
+bool MayConvert(EditorContext& context, const std::string& tempBase, const std::string& file) {
+    const auto& bases = context.session.convertingBases;
+    const auto isSame = [&tempBase](const std::string& base) { return text::EqualNoCase(base, tempBase); };
+    if (std::none_of(bases.begin(), bases.end(), isSame)) return true;
+    context.ui.Show({.text = platform::ForDisplay(file) + "\r\nhas to wait: a file of that name is being converted."});
+    return false;
+}
+
+std::string TempBaseOf(const EditorContext& context, const std::string& file) {
+    return context.session.TempFiles() + "\\" + platform::BaseNameWithDot(platform::NameOf(file));
 }
 
 /// Copies the chosen game file to TempFiles and converts it there; false when the converter wrote nothing.
@@ -67,9 +115,10 @@ bool ConvertChosenFile(EditorContext& context, bool takeExtension) {
     auto& files = context.platform.files;
     const std::string name = platform::NameOf(session.CommandFile);
     session.FileBaseName = platform::BaseNameWithDot(name);
-    session.TempBase = session.TempFiles() + "\\" + session.FileBaseName;
+    session.TempBase = TempBaseOf(context, name);
     if (takeExtension) session.RSFileExt = platform::ExtensionOf(name);
     session.RSFileLoaded = true;
+    const Converting converting(session, session.TempBase);
     const std::string binary = session.TempBase + "bin";
     const std::string xml = session.TempBase + "xml";
     platform::CopyFile(files, session.CommandFile, binary);
@@ -87,6 +136,12 @@ bool ConvertChosenFile(EditorContext& context, bool takeExtension) {
     return written;
 }
 
+bool ChooseGameFile(EditorContext& context, const FileDialog& dialog) {
+    if (!ChooseFile(context, dialog)) return false;
+    const std::string& file = context.session.CommandFile;
+    return MayConvert(context, TempBaseOf(context, file), file);
+}
+
 std::string ConvertedText(EditorContext& context) {
     std::string text;
     platform::ReadUniFile(context.platform.files, context.session.TempBase + "xml", text);
@@ -94,7 +149,7 @@ std::string ConvertedText(EditorContext& context) {
 }
 
 bool OpenIntoTextEditor(EditorContext& context, const FileDialog& dialog, bool takeExtension) {
-    if (!ChooseFile(context, dialog)) return false;
+    if (!ChooseGameFile(context, dialog)) return false;
     const BusyPointer busy(context.ui);
     ShowChosenFile(context);
     const bool converted = ConvertChosenFile(context, takeExtension);
@@ -102,13 +157,6 @@ bool OpenIntoTextEditor(EditorContext& context, const FileDialog& dialog, bool t
     context.view.UpdateCommands();
     return converted;
 }
-
-/// Which game file a save works on. A copy: while the converter runs, another file may be opened.
-struct Target {
-    std::string original;
-    std::string tempBase;
-    std::string extension;
-};
 
 /// The converted file under the game file's own extension. Throws FileNotFound when the converter wrote nothing.
 std::string TakeConverted(EditorContext& context, const Target& target) {
@@ -127,10 +175,14 @@ std::string TakeConverted(EditorContext& context, const Target& target) {
     return renamed;
 }
 
-/// From TempBase + "xml" to the game file that Text1 names; returns the backup.
-std::string ConvertBackAndReplace(EditorContext& context) {
+/// The open game file: Text1 names it.
+Target OpenTarget(const EditorContext& context) {
+    return {context.view.FilePath(), context.session.TempBase, context.session.RSFileExt};
+}
+
+/// From the target's XML in TempFiles to the game file itself; returns the backup.
+std::string ConvertBackAndReplace(EditorContext& context, const Target& target) {
     auto& files = context.platform.files;
-    const Target target{context.view.FilePath(), context.session.TempBase, context.session.RSFileExt};
     const std::string binary = target.tempBase + "bin";
     if (files.EntryExists(binary)) files.Remove(binary);
     platform::ConvertToBinary(context.platform.processes, context.ui, context.ConverterFolders(),
@@ -178,19 +230,22 @@ bool OpenXmlFile(EditorContext& context) {
     std::string text;
     platform::ReadUniFile(context.platform.files, session.CommandFile, text);
     ReplaceEditorText(context, text);
-    if (!session.CommandFile.empty()) context.document.path = session.CommandFile;
-    editors::LoadXmlFile(context);
+    ReplaceDocument(context);
     return true;
 }
 
 Saved SaveRailSimFile(EditorContext& context) {
     if (!IsGameFileOpen(context)) return {};
+    const Target target = OpenTarget(context);
+    if (!MayConvert(context, target.tempBase, target.original)) return {};
     const BusyPointer busy(context.ui);
-    const std::string xml = context.session.TempBase + "xml";
-    if (!platform::WriteUniFile(context.platform.files, context.ui, xml, context.view.EditorText())) return {};
+    const Converting converting(context.session, target.tempBase);
+    const std::string text = context.view.EditorText();
+    if (!platform::WriteUniFile(context.platform.files, context.ui, target.tempBase + "xml", text)) return {};
     context.ui.ProcessEvents();
-    const std::string backup = ConvertBackAndReplace(context);
-    context.view.SetEditorTextSaved();
+    const std::string backup = ConvertBackAndReplace(context, target);
+    // The text may have changed while the converter ran.
+    if (context.view.EditorText() == text) context.view.SetEditorTextSaved();
     return {true, backup};
 }
 
@@ -211,15 +266,17 @@ void SaveXmlTextAs(EditorContext& context) {
 }
 
 bool OpenRailSimFileInTree(EditorContext& context) {
-    if (!ChooseFile(context, GameFileDialog(context))) return false;
+    if (!ChooseGameFile(context, GameFileDialog(context))) return false;
     // Asked before anything is converted: the answer Yes writes to TempFiles, where the new file may bear the same name.
     if (!editors::MayDropChanges(context)) return false;
     const BusyPointer busy(context.ui);
     ShowChosenFile(context);
     const bool converted = ConvertChosenFile(context, true);
     const std::string xml = context.session.TempBase + "xml";
-    editors::NewDocument(context, xml);
-    if (platform::FileExists(context.platform.files, xml)) editors::LoadXmlFile(context);
+    // Asks again when the document was edited while the converter ran.
+    if (editors::NewDocument(context, xml) && platform::FileExists(context.platform.files, xml)) {
+        editors::LoadXmlFile(context);
+    }
     ReplaceEditorText(context, ConvertedText(context));
     context.view.UpdateCommands();
     return converted;
@@ -234,8 +291,7 @@ bool OpenXmlFileInTree(EditorContext& context) {
     }
     const BusyPointer busy(context.ui);
     // The file of the last open command, where there was one, takes the place of the dialog's choice.
-    if (!session.CommandFile.empty()) context.document.path = session.CommandFile;
-    editors::LoadXmlFile(context);
+    ReplaceDocument(context);
     std::string text;
     platform::ReadUniFile(context.platform.files, context.document.path, text);
     ReplaceEditorText(context, text);
@@ -243,12 +299,15 @@ bool OpenXmlFileInTree(EditorContext& context) {
 }
 
 Saved SaveRailSimFileFromTree(EditorContext& context) {
+    const bool hasGameFile = context.session.RSFileLoaded;
+    const Target target = OpenTarget(context);
+    if (hasGameFile && !MayConvert(context, target.tempBase, target.original)) return {};
     const BusyPointer busy(context.ui);
+    const Converting converting(context.session, target.tempBase);
     if (!editors::SaveXmlFile(context)) return {};
     context.ui.ProcessEvents();
     // An XML file that was opened as such has no game file behind it: writing it was all there is to do.
-    if (!context.session.RSFileLoaded) return {true};
-    return {true, ConvertBackAndReplace(context)};
+    return {true, hasGameFile ? ConvertBackAndReplace(context, target) : ""};
 }
 
 void SaveXmlFromTree(EditorContext& context) {

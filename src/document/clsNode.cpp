@@ -2,6 +2,7 @@
 
 #include "document/arena.h"
 #include "text/runtime_error.h"
+#include "text/search.h"
 
 #include <algorithm>
 #include <charconv>
@@ -42,15 +43,13 @@ std::string KeyText(NodeKey key) {
     return "nod" + std::to_string(key);
 }
 
-NodeKey ParseKey(std::string_view text) {
-    const bool hasPrefix = text.size() > 3 && (text[0] == 'n' || text[0] == 'N') && (text[1] == 'o' || text[1] == 'O') &&
-                           (text[2] == 'd' || text[2] == 'D');
-    if (!hasPrefix || text[3] == '0') { // a key text has no leading zeros
+NodeKey ParseKey(std::string_view keyText) {
+    if (keyText.size() < 4 || !text::EqualNoCase(keyText.substr(0, 3), "nod") || keyText[3] == '0') { // no leading zeros
         return 0;
     }
     NodeKey key = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data() + 3, end, key);
+    const char* const end = keyText.data() + keyText.size();
+    const auto [stop, error] = std::from_chars(keyText.data() + 3, end, key);
     return stop == end && error == std::errc{} ? key : 0;
 }
 

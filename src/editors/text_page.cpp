@@ -20,6 +20,7 @@ using platform::ToWx;
 namespace {
 
 constexpr int kGap = 6;
+constexpr int kTabWidth = 4;
 constexpr int kEverything = wxSTC_MODEVENTMASKALL;
 
 } // namespace
@@ -44,7 +45,7 @@ TextPage::TextPage(wxWindow* parent) : wxPanel(parent) {
     row->Add(command1_, wxSizerFlags().CenterVertical());
     frame->Add(row, wxSizerFlags().Expand().Border(wxALL, gap));
 
-    richTextBox1_ = new wxStyledTextCtrl(frame1_, wxID_ANY);
+    richTextBox1_ = new wxStyledTextCtrl(frame1_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME);
     richTextBox1_->SetName("RichTextBox1");
     SetUpEditor();
     frame->Add(richTextBox1_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
@@ -63,6 +64,7 @@ void TextPage::SetUpEditor() {
     editor.SetCaretForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
     for (int margin = 0; margin < wxSTC_MAX_MARGIN; ++margin) editor.SetMarginWidth(margin, 0);
     editor.SetMarginLeft(FromDIP(kGap));
+    editor.SetTabWidth(kTabWidth);
     editor.SetScrollWidth(1);
     editor.SetScrollWidthTracking(true);
     // Without this, going to the end of a long text styles all of it first.
@@ -84,6 +86,7 @@ void TextPage::SetText(const std::string& text) {
     editor.SetModEventMask(kEverything);
     editor.SetSavePoint();
     editor.GotoPos(0);
+    editor.SetFocus();
     editor.SetScrollWidth(1);
 }
 

@@ -53,11 +53,13 @@ private:
 
 TreeRows::TreeRows(wxWindow* parent, Handlers handlers)
     : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxTR_DEFAULT_STYLE | wxTR_EDIT_LABELS | wxTR_SINGLE | wxTR_LINES_AT_ROOT),
+                 wxTR_DEFAULT_STYLE | wxTR_EDIT_LABELS | wxTR_SINGLE | wxTR_LINES_AT_ROOT | wxBORDER_THEME),
       handlers_(std::move(handlers)) {
     SetName("trevwContents");
     Bind(wxEVT_TREE_SEL_CHANGED, &TreeRows::OnSelected, this);
     Bind(wxEVT_TREE_ITEM_EXPANDING, &TreeRows::OnExpanding, this);
+    Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, &TreeRows::OnBeginLabelEdit, this);
+    Bind(wxEVT_LEFT_DOWN, &TreeRows::OnLeftDown, this);
     Bind(wxEVT_TREE_END_LABEL_EDIT, &TreeRows::OnEndLabelEdit, this);
     Bind(wxEVT_TREE_KEY_DOWN, &TreeRows::OnKey, this);
     Bind(wxEVT_TREE_ITEM_MENU, &TreeRows::OnItemMenu, this);
@@ -76,6 +78,7 @@ void TreeRows::ShowDocument(const document::Document& document) {
 void TreeRows::Clear() {
     const Guard guard(isChanging_);
     filling_.clear();
+    clicked_.Unset();
     DeleteAllItems();
 }
 
@@ -111,6 +114,7 @@ void TreeRows::RemoveNode(const clsNode& node) {
         return above.IsOk();
     });
     if (Filling* const filling = FillingOf(parent)) --filling->nextChild;
+    clicked_.Unset();
     Unselect();
     Delete(row);
     Unselect();
@@ -184,8 +188,25 @@ const clsNode* TreeRows::NodeOf(const wxTreeItemId& row) const {
 
 void TreeRows::OnSelected(wxTreeEvent& event) {
     const wxTreeItemId row = event.GetItem();
-    if (isChanging_ || !row.IsOk()) return;
+    if (!isChanging_ && row.IsOk()) Click(row);
+}
+
+void TreeRows::Click(const wxTreeItemId& row) {
+    clicked_ = row;
     handlers_.clicked(NodeOf(row)->Key);
+}
+
+// The control selects the first row by itself when it gets the focus, and says nothing: a click on a row that is
+// selected already, or editing its name, must reach the handlers all the same.
+void TreeRows::OnLeftDown(wxMouseEvent& event) {
+    int flags = 0;
+    const wxTreeItemId row = HitTest(event.GetPosition(), flags);
+    if (row.IsOk() && (flags & wxTREE_HITTEST_ONITEM) != 0 && row == GetSelection() && row != clicked_) Click(row);
+    event.Skip();
+}
+
+void TreeRows::OnBeginLabelEdit(wxTreeEvent& event) {
+    if (event.GetItem() != clicked_) Click(event.GetItem());
 }
 
 void TreeRows::OnExpanding(wxTreeEvent& event) {

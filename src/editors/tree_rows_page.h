@@ -42,6 +42,8 @@ private:
 
     void OnSelected(wxTreeEvent& event);
     void OnExpanding(wxTreeEvent& event);
+    void OnBeginLabelEdit(wxTreeEvent& event);
+    void OnLeftDown(wxMouseEvent& event);
     void OnEndLabelEdit(wxTreeEvent& event);
     void OnKey(wxTreeEvent& event);
     void OnItemMenu(wxTreeEvent& event);
@@ -56,7 +58,10 @@ private:
     void FillUpTo(const wxTreeItemId& row, const document::clsNode& child);
     [[nodiscard]] const document::clsNode* NodeOf(const wxTreeItemId& row) const;
 
+    void Click(const wxTreeItemId& row);
+
     Handlers handlers_;
+    wxTreeItemId clicked_; ///< the row that the handlers know of
     std::deque<Filling> filling_; ///< rows whose children are not all there yet
     bool isChanging_ = false;     ///< the program itself changes rows: selection events do not count
 };

@@ -18,13 +18,6 @@ using text::RuntimeError;
 
 constexpr std::size_t kBlock = std::size_t{256} * 1024;
 
-void CopyContent(InputFile& source, OutputFile& sink) {
-    std::vector<char> buffer(kBlock);
-    while (const std::size_t count = source.Read(buffer)) {
-        sink.Write(std::string_view(buffer.data(), count));
-    }
-}
-
 /// `above` holds the folders, links followed, that are being copied: a link back to one of them is left out, since it
 /// would be copied into itself for ever.
 void CopyTree(Files& files, const std::string& from, const std::string& to, bool overwrite,
@@ -124,8 +117,8 @@ bool WriteUniFile(Files& files, UserInterface& ui, const std::string& path, std:
 }
 
 void CopyFile(Files& files, const std::string& from, const std::string& to) {
-    const std::unique_ptr<InputFile> source = files.Open(from);
-    WriteSafely(files, to, [&](OutputFile& sink) { CopyContent(*source, sink); });
+    // The source is closed again before it could stand in the way of being replaced by its own copy.
+    WriteSafely(files, to, [&](OutputFile& sink) { CopyContent(files, from, sink); });
 }
 
 void CopyFolderTree(Files& files, const std::string& from, const std::string& to, bool overwrite) {

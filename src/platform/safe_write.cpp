@@ -3,10 +3,10 @@
 #include "platform/paths.h"
 #include "text/runtime_error.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <random>
+#include <vector>
 
 namespace tamarind::platform {
 namespace {
@@ -16,6 +16,7 @@ using text::RuntimeError;
 
 constexpr int kBackupNames = 50;
 constexpr int kNameAttempts = 100;
+constexpr std::size_t kBlock = std::size_t{256} * 1024;
 
 /// Used where another failure is being reported already: a second one must not hide it.
 void RemoveQuietly(Files& files, const std::string& path) {
@@ -80,14 +81,6 @@ std::string WriteTemporary(Files& files, const std::string& target, const WriteC
     return name;
 }
 
-void CopyInto(const Files& files, const std::string& from, OutputFile& sink) {
-    const std::unique_ptr<InputFile> source = files.Open(from);
-    std::array<char, std::size_t{64} * 1024> buffer;
-    while (const std::size_t count = source->Read(buffer)) {
-        sink.Write(std::string_view(buffer.data(), count));
-    }
-}
-
 /// A second name for the old file, or where there are none a copy of it.
 void MakeBackup(Files& files, const std::string& target, const std::string& backup) {
     try {
@@ -99,7 +92,7 @@ void MakeBackup(Files& files, const std::string& target, const std::string& back
         }
     }
     FillNewFile(files, files.Create(backup, CreateMode::New), backup, target,
-                [&](OutputFile& sink) { CopyInto(files, target, sink); });
+                [&](OutputFile& sink) { CopyContent(files, target, sink); });
 }
 
 /// The steps of ReplaceGameFile; `target` is `original` with its links followed.
@@ -110,7 +103,7 @@ std::string ReplaceWithBackup(Files& files, const std::string& original, const s
         throw RuntimeError(ErrorNumber::PermissionDenied, original); // as an ordinary overwrite
     }
     const std::string temporary =
-        WriteTemporary(files, target, [&](OutputFile& sink) { CopyInto(files, newFile, sink); });
+        WriteTemporary(files, target, [&](OutputFile& sink) { CopyContent(files, newFile, sink); });
     bool backupMade = false;
     try {
         if (!backup.empty()) {
@@ -151,6 +144,14 @@ void WriteSafely(Files& files, const std::string& path, const WriteContent& writ
 
 void WriteSafely(Files& files, const std::string& path, std::string_view bytes) {
     WriteSafely(files, path, [bytes](OutputFile& sink) { sink.Write(bytes); });
+}
+
+void CopyContent(const Files& files, const std::string& from, OutputFile& sink) {
+    const std::unique_ptr<InputFile> source = files.Open(from);
+    std::vector<char> buffer(kBlock);
+    while (const std::size_t count = source->Read(buffer)) {
+        sink.Write(std::string_view(buffer.data(), count));
+    }
 }
 
 std::string FreeBackupName(const Files& files, const std::string& path) {

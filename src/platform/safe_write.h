@@ -18,6 +18,9 @@ using WriteContent = std::function<void(OutputFile& sink)>;
 void WriteSafely(Files& files, const std::string& path, const WriteContent& write);
 void WriteSafely(Files& files, const std::string& path, std::string_view bytes);
 
+/// Writes the whole content of the file `from` into `sink`. Errors as Files::Open, and those of both files.
+void CopyContent(const Files& files, const std::string& from, OutputFile& sink);
+
 /// The name under which a game file's old content is kept: path + ".bak", else path + ".bak" + 1 to 50, the first that
 /// does not exist; empty when all exist.
 [[nodiscard]] std::string FreeBackupName(const Files& files, const std::string& path);

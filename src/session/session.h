@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tamarind::session {
 
@@ -25,6 +26,8 @@ struct Session {
 
     std::string FileBaseName;      ///< the open game file's name up to and including its last dot
     std::string TempBase;          ///< FileBaseName in TempFiles: + "bin" is the working copy, + "xml" its XML
+
+    std::vector<std::string> convertingBases; ///< TempBase of each game file that is being converted now
 
     [[nodiscard]] std::string TempFiles() const { return ProgramFolder + "\\TempFiles"; }
     [[nodiscard]] bool UsesTreeEditor() const {

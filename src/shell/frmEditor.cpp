@@ -9,6 +9,7 @@
 
 #include <wx/menu.h>
 #include <wx/notebook.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 
 #include <memory>
@@ -39,6 +40,8 @@ frmEditor::frmEditor(session::Session& session, const platform::Platform& platfo
                               .setWaiting = [this](bool waiting) { isWaiting_ = waiting; },
                               .stopRequested = [this] { return std::exchange(stopsProgram_, false); }}),
       context_{session, document_, platform, ui_, *this} {
+    // A frame's own colour is that of an empty work space on Windows.
+    SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     CreateStatusBar();
     MakePages();
     MakeMenus();

@@ -64,7 +64,15 @@ void frmEditor::UpdateCommands() {
     }
 }
 
-void frmEditor::ShowWindow() { Show(); }
+void frmEditor::ShowWindow() {
+    const wxRect place = GetRect();
+    Show();
+    // Window managers place a new window where they like; one that is moved afterwards stays where it was put.
+    CallAfter([this, place] {
+        Move(place.GetPosition() + wxPoint(1, 0));
+        SetSize(place);
+    });
+}
 
 void frmEditor::CloseWindow() { CallAfter([this] { Close(); }); }
 

@@ -8,6 +8,14 @@
 namespace tamarind::text {
 namespace {
 
+char32_t LowerOfAccentedGreek(char32_t c) {
+    if (c == 0x386) return 0x3AC;
+    if (c >= 0x388 && c <= 0x38A) return c + 37;
+    if (c == 0x38C) return 0x3CC;
+    if (c >= 0x38E) return c + 63;
+    return c;
+}
+
 /// Lower case of one code point in the Latin, Greek and Cyrillic alphabets; any other stays as it is.
 char32_t LowerOf(char32_t c) {
     if (c < 0x80) return c >= 'A' && c <= 'Z' ? c + 32 : c;
@@ -21,9 +29,19 @@ char32_t LowerOf(char32_t c) {
     const bool oddCapitals = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
     if (oddCapitals) return c % 2 == 1 ? c + 1 : c;
     if (c >= 0x391 && c <= 0x3AB && c != 0x3A2) return c + 32;
+    if (c >= 0x386 && c <= 0x38F) return LowerOfAccentedGreek(c);
+    if (c == 0x4C0) return 0x4CF;
+    if (c >= 0x4C1 && c <= 0x4CE) return c % 2 == 1 ? c + 1 : c;
     if (c >= 0x410 && c <= 0x42F) return c + 32;
     if (c >= 0x400 && c <= 0x40F) return c + 80;
     return c;
+}
+
+/// Takes the next letter for comparing. A byte that is no UTF-8 sorts behind all letters and equals itself alone.
+char32_t TakeLower(std::string_view& text) {
+    constexpr char32_t kBeyondUnicode = 0x110000;
+    const CodePoint next = TakeCodePoint(text);
+    return next.valid ? LowerOf(next.value) : kBeyondUnicode + next.value;
 }
 
 constexpr std::size_t kNone = std::string_view::npos;
@@ -81,8 +99,8 @@ bool EndsWithNoCase(std::string_view text, std::string_view ending) {
 
 int CompareNoCase(std::string_view left, std::string_view right) {
     while (!left.empty() && !right.empty()) {
-        const char32_t a = LowerOf(TakeCodePoint(left).value);
-        const char32_t b = LowerOf(TakeCodePoint(right).value);
+        const char32_t a = TakeLower(left);
+        const char32_t b = TakeLower(right);
         if (a != b) return a < b ? -1 : 1;
     }
     if (left.empty()) return right.empty() ? 0 : -1;

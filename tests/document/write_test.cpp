@@ -115,7 +115,8 @@ TEST(Writing, CharactersOutsideTheCodePageBecomeQuestionMarks) {
 }
 
 TEST(Writing, TabIndentedFileKeepsOrderAttributesAndTexts) {
-    const Document document = ParseXml("<a x='1'>\r\n\t<b y='2' z='3'>text</b>\r\n\t<c>\r\n\t\t<d/>\r\n\t</c>\r\n</a>\r\n");
+    const Document document =
+        ParseXml("<a x='1'>\r\n\t<b y='2' z='3'>text</b>\r\n\t<c>\r\n\t\t<d/>\r\n\t</c>\r\n</a>\r\n");
     EXPECT_EQ(Written(document), kDeclaration + "<a x=\"1\">\n <b y=\"2\" z=\"3\">text</b>\r\n <c>\n\t <d></d>\r\n"
                                                 " </c>\r\n</a>\r\n");
 }

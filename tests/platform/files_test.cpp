@@ -166,13 +166,6 @@ TEST(Files, RenameOfAMissingFileIsFileNotFoundAndNamesIt) {
     EXPECT_EQ(error->Details(), folder / "no.bin");
 }
 
-TEST(Files, RenameChangesLetterCase) {
-    const TempFolder folder;
-    folder.Write("track.bin", "t");
-    folder.Disk().Rename(folder / "track.bin", folder / "Track.bin");
-    EXPECT_THAT(folder.Names(), ElementsAre("Track.bin"));
-}
-
 TEST(Files, ReplaceTakesTheTargetsPlace) {
     const TempFolder folder;
     folder.Write("new.bin", "new");

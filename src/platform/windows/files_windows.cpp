@@ -62,6 +62,24 @@ bool HoldsLink(const std::string& path) {
     return false;
 }
 
+/// Puts a file in another one's place. Scanners and indexers hold new files open for a moment, so a refusal is not
+/// taken at once. Returns the system's error code, 0 for none.
+DWORD MoveOver(const std::wstring& source, const std::wstring& target) {
+    constexpr int kAttempts = 10;
+    constexpr DWORD kPause = 20; // milliseconds
+    for (int attempt = 1;; ++attempt) {
+        if (MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+            return ERROR_SUCCESS;
+        }
+        const DWORD error = GetLastError();
+        const bool mayPass = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+        if (!mayPass || attempt == kAttempts) {
+            return error;
+        }
+        Sleep(kPause);
+    }
+}
+
 class WindowsFiles final : public Files {
 public:
     bool EntryExists(const std::string& path) const override {
@@ -125,6 +143,12 @@ public:
         if (Has(AttributesOf(source), FILE_ATTRIBUTE_READONLY) && !EntryExists(to)) {
             ThrowSystemError(ERROR_NOT_SUPPORTED, to);
         }
+        // Where another program keeps the file from being replaced, it would keep the second name from being removed.
+        const Handle replaceable(
+            CreateFileW(source.c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!replaceable.IsOpen()) {
+            ThrowSystemError(GetLastError(), from);
+        }
         if (CreateHardLinkW(SystemPath(to).c_str(), source.c_str(), nullptr) == 0) {
             ThrowForPair(GetLastError(), from, to);
         }
@@ -180,12 +204,11 @@ void WindowsFiles::Replace(const std::string& from, const std::string& to) {
     if (protectedTarget) {
         Check(SetAttributes(target, old & ~DWORD{FILE_ATTRIBUTE_READONLY}), to);
     }
-    const BOOL moved = MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-    const DWORD error = GetLastError();
+    const DWORD error = MoveOver(source, target);
     if (protectedTarget) {
         SetAttributes(target, AttributesOf(target) | FILE_ATTRIBUTE_READONLY);
     }
-    if (moved == 0) {
+    if (error != ERROR_SUCCESS) {
         ThrowForPair(error, from, to);
     }
 }

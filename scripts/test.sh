@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Builds both targets and runs every test of both. The test runners' own summaries are the last lines.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+export LC_ALL=C.UTF-8
+
+step() { printf '\n== %s\n' "$*"; }
+
+build() { # preset
+  step "Build: $1"
+  [ -e "build/$1/build.ninja" ] || cmake --preset "$1" >build-$1.log 2>&1 || { cat "build-$1.log"; return 1; }
+  rm -f "build-$1.log"
+  cmake --build "build/$1"
+}
+
+run_tests() { # preset
+  step "Test: $1"
+  ./scripts/with-display.sh ctest --test-dir "build/$1" --output-on-failure --no-tests=error
+}
+
+build linux
+build linux-asan
+build windows
+step "Lint"
+./scripts/lint.sh
+summary=$(mktemp)
+trap 'rm -f "$summary"' EXIT
+status=0
+for preset in linux linux-asan windows; do
+  run_tests "$preset" 2>&1 | tee -a "$summary" || status=1
+done
+step "Summaries"
+grep -E '^(== Test|[0-9]+% tests passed|Total Test time)' "$summary"
+exit $status

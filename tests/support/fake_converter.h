@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/processes.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tamarind::tests {
+
+/// The bytes of a game file that the fake converter understands: "BIN:" and the XML as it is.
+[[nodiscard]] inline std::string GameFile(std::string_view xml) { return "BIN:" + std::string(xml); }
+
+/// Stands for the converter in FakeProcesses. A binary file that does not begin with "BIN:" gives no output.
+class FakeConverter {
+public:
+    explicit FakeConverter(platform::Files& files) : files_(files) {}
+
+    bool isBroken = false;         ///< writes nothing
+    std::function<void()> onStart; ///< called before it writes
+
+    void operator()(const platform::ProcessStart& start);
+
+private:
+    platform::Files& files_;
+};
+
+} // namespace tamarind::tests

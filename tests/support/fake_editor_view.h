@@ -1,0 +1,89 @@
+#pragma once
+
+#include "session/headless_view.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamarind::tests {
+
+/// A main window that nobody sees, with the state of its controls and a record of what was done to the tree.
+class FakeEditorView : public session::HeadlessView {
+public:
+    /// Rows and pages, in order: "ShowTree", "ClearTree", "AddRow nod2", "RemoveRow nod2", "EditRowLabel nod2",
+    /// "ShowPage text", "ShowPage tree", "SetGeometry", "ShowWindow", "CloseWindow".
+    std::vector<std::string> calls;
+
+    session::Page page = session::Page::Text;
+    bool isTextModified = false;
+    bool isAreaEnabled = false;
+    bool isEditingEnabled = false;
+    std::vector<std::string> attributeNames;
+    int selectedAttribute = -1;
+    std::string attributeValue;
+    std::string characters;
+    std::optional<session::NewAttribute> newAttribute; ///< what the dialog returns
+    int updates = 0;                                   ///< of menus and buttons
+
+    /// As a person who changes the text.
+    void TypeText(const std::string& text) {
+        SetEditorText(text);
+        isTextModified = true;
+    }
+
+    void SetGeometry(const session::Geometry& geometry) override {
+        calls.emplace_back("SetGeometry");
+        HeadlessView::SetGeometry(geometry);
+    }
+    void ShowPage(session::Page shown) override {
+        page = shown;
+        calls.emplace_back(shown == session::Page::Tree ? "ShowPage tree" : "ShowPage text");
+    }
+    void UpdateCommands() override { ++updates; }
+    void ShowWindow() override { calls.emplace_back("ShowWindow"); }
+    void CloseWindow() override { calls.emplace_back("CloseWindow"); }
+    void SetEditorText(const std::string& text) override {
+        HeadlessView::SetEditorText(text);
+        isTextModified = false;
+    }
+    [[nodiscard]] bool IsEditorTextModified() const override { return isTextModified; }
+    void SetEditorTextSaved() override { isTextModified = false; }
+
+    void ShowTree(const document::Document&) override { calls.emplace_back("ShowTree"); }
+    void ClearTree() override { calls.emplace_back("ClearTree"); }
+    void AddRow(const document::clsNode& node) override { calls.push_back("AddRow " + node.NodeKeyText()); }
+    void RemoveRow(const document::clsNode& node) override { calls.push_back("RemoveRow " + node.NodeKeyText()); }
+    void EditRowLabel(const document::clsNode& node) override {
+        calls.push_back("EditRowLabel " + node.NodeKeyText());
+    }
+
+    void EnableAttributeArea(bool enabled) override {
+        isAreaEnabled = isEditingEnabled = enabled;
+        if (!enabled) {
+            attributeNames.clear();
+            selectedAttribute = -1;
+            attributeValue.clear();
+            characters.clear();
+        }
+    }
+    void EnableAttributeEditing(bool enabled) override { isEditingEnabled = enabled; }
+    void ShowAttributeNames(const std::vector<std::string>& names) override {
+        attributeNames = names;
+        selectedAttribute = -1;
+    }
+    void AppendAttributeName(const std::string& name) override { attributeNames.push_back(name); }
+    void RemoveAttributeName(int index) override {
+        attributeNames.erase(attributeNames.begin() + index);
+        selectedAttribute = -1;
+    }
+    void SetAttributeName(int index, const std::string& name) override {
+        attributeNames[static_cast<std::size_t>(index)] = name;
+    }
+    [[nodiscard]] int SelectedAttribute() const override { return selectedAttribute; }
+    void ShowAttributeValue(const std::string& value) override { attributeValue = value; }
+    void ShowCharacters(const std::string& text) override { characters = text; }
+    [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override { return newAttribute; }
+};
+
+} // namespace tamarind::tests
