@@ -4,7 +4,8 @@
 
 namespace tamarind::bench {
 
-/// Prints the milliseconds since it was made and the bytes of peak memory, for the script that compares programs.
+/// Prints the milliseconds since it was made, those of processor time, and the bytes of peak memory, for the script
+/// that compares programs.
 class Measure {
 public:
     void Print() const;

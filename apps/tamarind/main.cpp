@@ -19,7 +19,8 @@ public:
         session_.ProgramFolder = platform::ExecutableFolder();
         auto* const window = new shell::frmEditor(session_, {*files_, *processes_, *registry_});
         SetTopWindow(window);
-        window->Start(platform::CommandLineText(argc, argv));
+        // Inside the event loop, so that start-up can let the window live meanwhile.
+        CallAfter([this, window] { window->Start(platform::CommandLineText(argc, argv)); });
         return true;
     }
 

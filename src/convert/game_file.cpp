@@ -67,9 +67,9 @@ void ReplaceEditorText(EditorContext& context, const std::string& text) {
 }
 
 /// Loads an XML file over the document without a question.
-void ReplaceDocument(EditorContext& context) {
+void ReplaceDocument(EditorContext& context, const std::string& path) {
     KeepUnsaved(context, KeepUnsavedDocument, "The XML document");
-    if (!context.session.CommandFile.empty()) context.document.path = context.session.CommandFile;
+    if (!path.empty()) context.document.path = path;
     editors::LoadXmlFile(context);
 }
 
@@ -227,10 +227,13 @@ bool OpenXmlFile(EditorContext& context) {
     }
     const BusyPointer busy(context.ui);
     ShowChosenFile(context);
+    const std::string path = session.CommandFile;
     std::string text;
-    platform::ReadUniFile(context.platform.files, session.CommandFile, text);
+    platform::ReadUniFile(context.platform.files, path, text);
     ReplaceEditorText(context, text);
-    ReplaceDocument(context);
+    // The text of a large file is on screen before its tree is made.
+    context.view.PaintEditorText();
+    ReplaceDocument(context, path);
     return true;
 }
 
@@ -291,7 +294,7 @@ bool OpenXmlFileInTree(EditorContext& context) {
     }
     const BusyPointer busy(context.ui);
     // The file of the last open command, where there was one, takes the place of the dialog's choice.
-    ReplaceDocument(context);
+    ReplaceDocument(context, session.CommandFile);
     std::string text;
     platform::ReadUniFile(context.platform.files, context.document.path, text);
     ReplaceEditorText(context, text);

@@ -44,7 +44,8 @@ std::string KeyText(NodeKey key) {
 }
 
 NodeKey ParseKey(std::string_view keyText) {
-    if (keyText.size() < 4 || !text::EqualNoCase(keyText.substr(0, 3), "nod") || keyText[3] == '0') { // no leading zeros
+    const bool hasPrefix = keyText.size() > 3 && text::EqualNoCase(keyText.substr(0, 3), "nod");
+    if (!hasPrefix || keyText[3] == '0') { // a key text has no leading zeros
         return 0;
     }
     NodeKey key = 0;

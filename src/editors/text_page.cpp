@@ -5,12 +5,18 @@
 #include "platform/wx/wx_text.h"
 
 #include <wx/button.h>
+#include <wx/evtloop.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/stc/stc.h>
+#include <wx/stopwatch.h>
 #include <wx/textctrl.h>
+#include <wx/utils.h>
+
+#include <algorithm>
+#include <limits>
 
 namespace tamarind::editors {
 
@@ -22,6 +28,9 @@ namespace {
 constexpr int kGap = 6;
 constexpr int kTabWidth = 4;
 constexpr int kEverything = wxSTC_MODEVENTMASKALL;
+constexpr std::size_t kSpareRoom = 65536;
+constexpr std::size_t kLargestText = std::numeric_limits<int>::max();
+constexpr long kPaintPatience = 500; // milliseconds
 
 } // namespace
 
@@ -67,9 +76,15 @@ void TextPage::SetUpEditor() {
     editor.SetTabWidth(kTabWidth);
     editor.SetScrollWidth(1);
     editor.SetScrollWidthTracking(true);
+    // The default lexer waits for somebody to style the text, for ever.
+    editor.SetLexer(wxSTC_LEX_NULL);
     // Without this, going to the end of a long text styles all of it first.
     editor.SetIdleStyling(wxSTC_IDLESTYLING_ALL);
     editor.SetLayoutCache(wxSTC_CACHE_PAGE);
+    editor.Bind(wxEVT_STC_PAINTED, [this](wxStyledTextEvent& event) {
+        isPainted_ = true;
+        event.Skip();
+    });
 }
 
 void TextPage::SetText(const std::string& text) {
@@ -78,7 +93,7 @@ void TextPage::SetText(const std::string& text) {
     editor.SetModEventMask(0);
     editor.SetUndoCollection(false);
     editor.ClearAll();
-    editor.Allocate(static_cast<int>(text.size()) + 1);
+    editor.Allocate(static_cast<int>(std::min(text.size() + kSpareRoom, kLargestText)));
     editor.AppendTextRaw(text.data(), static_cast<int>(text.size()));
     editor.SetEOLMode(text.find("\r\n") == std::string::npos ? wxSTC_EOL_LF : wxSTC_EOL_CRLF);
     editor.SetUndoCollection(true);
@@ -88,6 +103,32 @@ void TextPage::SetText(const std::string& text) {
     editor.GotoPos(0);
     editor.SetFocus();
     editor.SetScrollWidth(1);
+    isPainted_ = false;
+    CallAfter([this] { MakeRoomAtStart(); });
+}
+
+// The control keeps its free room where the last change was, now the end, and the first key typed into a large text
+// would wait for all of it to be moved to the caret.
+void TextPage::MakeRoomAtStart() {
+    auto& editor = *richTextBox1_;
+    if (editor.GetModify() || editor.GetCurrentPos() != 0) return;
+    editor.SetModEventMask(0);
+    editor.SetUndoCollection(false);
+    editor.InsertText(0, " ");
+    editor.DeleteRange(0, 1);
+    editor.SetUndoCollection(true);
+    editor.EmptyUndoBuffer();
+    editor.SetSavePoint();
+    editor.SetModEventMask(kEverything);
+}
+
+void TextPage::Paint() {
+    wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
+    const wxStopWatch watch;
+    while (loop != nullptr && !isPainted_ && richTextBox1_->IsShownOnScreen() && watch.Time() < kPaintPatience) {
+        loop->YieldFor(wxEVT_CATEGORY_ALL);
+        wxMilliSleep(1);
+    }
 }
 
 std::string TextPage::Text() const {

@@ -20,6 +20,8 @@ public:
 
     /// Replaces the whole text, unmodified, the caret at its start.
     void SetText(const std::string& text);
+    /// Lets events happen until the text set last is painted, for half a second at most.
+    void Paint();
     [[nodiscard]] std::string Text() const;
     [[nodiscard]] bool IsModified() const;
     void SetSaved();
@@ -32,11 +34,13 @@ public:
 
 private:
     void SetUpEditor();
+    void MakeRoomAtStart();
 
     wxStaticBox* frame1_;
     wxTextCtrl* text1_;
     wxButton* command1_;
     wxStyledTextCtrl* richTextBox1_;
+    bool isPainted_ = true; ///< since the text was set
 };
 
 } // namespace tamarind::editors

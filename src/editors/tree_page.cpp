@@ -24,8 +24,8 @@ using session::EditorContext;
 namespace {
 
 constexpr int kGap = 6;
-constexpr int kListHeight = 90;
-constexpr int kTextHeight = 60;
+constexpr int kListHeight = 60;
+constexpr int kTextHeight = 40;
 constexpr int kSideWidth = 300;
 
 template <class Control> Control* Named(Control* control, const char* name) {
@@ -130,9 +130,9 @@ wxSizer* TreePage::MakeSearchFrame(wxWindow* box) {
     auto* const replaces = new wxBoxSizer(wxHORIZONTAL);
     replaces->Add(makeButton("Replace", "Command5"), wxSizerFlags(1).Border(wxRIGHT, gap));
     replaces->Add(makeButton("Replace All", "Command6"), wxSizerFlags(1).Border(wxRIGHT, gap));
-    frame->Add(replaces, wxSizerFlags().Expand().Border(wxLEFT, gap));
-    frame->Add(Named(new wxCheckBox(frame3, wxID_ANY, "Whole Word Only"), "Check1"),
-               wxSizerFlags().Border(wxALL, gap));
+    replaces->Add(Named(new wxCheckBox(frame3, wxID_ANY, "Whole Word Only"), "Check1"),
+                  wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
+    frame->Add(replaces, wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM, gap));
     frame3->Disable();
     return frame;
 }

@@ -5,7 +5,6 @@
 #include <wx/stopwatch.h>
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -17,10 +16,10 @@ using platform::ToWx;
 namespace {
 
 constexpr long kSliceMilliseconds = 20;
-constexpr long kFirstSliceMilliseconds = 50;
-constexpr long kNoLimit = std::numeric_limits<long>::max();
 /// Rows between two looks at the clock.
 constexpr std::size_t kRowsPerLook = 256;
+/// The control measures new rows only afterwards, which takes far longer than adding them.
+constexpr std::size_t kRowsPerSlice = 4096;
 
 class RowData : public wxTreeItemData {
 public:
@@ -163,22 +162,24 @@ TreeRows::Filling* TreeRows::FillingOf(const wxTreeItemId& row) {
     return found == filling_.end() ? nullptr : &*found;
 }
 
-void TreeRows::Fill(Filling& filling, std::size_t last, long milliseconds) {
+void TreeRows::Fill(Filling& filling, std::size_t end) {
     const auto& children = NodeOf(filling.row)->ChildNodes;
-    const wxStopWatch watch;
-    while (filling.nextChild < children.Count() && filling.nextChild <= last) {
+    for (end = std::min(end, children.Count()); filling.nextChild < end; ++filling.nextChild) {
         Append(filling.row, **(children.begin() + filling.nextChild));
-        ++filling.nextChild;
-        if (filling.nextChild % kRowsPerLook == 0 && watch.Time() > milliseconds) return;
+    }
+}
+
+void TreeRows::FillSlice(Filling& filling) {
+    const wxStopWatch watch;
+    const std::size_t end = std::min(NodeOf(filling.row)->ChildNodes.Count(), filling.nextChild + kRowsPerSlice);
+    while (filling.nextChild < end && watch.Time() < kSliceMilliseconds) {
+        Fill(filling, filling.nextChild + kRowsPerLook);
     }
 }
 
 void TreeRows::FillUpTo(const wxTreeItemId& row, const clsNode& child) {
     StartFilling(row);
-    Filling* const filling = FillingOf(row);
-    if (filling == nullptr) return;
-    const std::size_t index = IndexInParent(child);
-    if (index >= filling->nextChild) Fill(*filling, index, kNoLimit);
+    if (Filling* const filling = FillingOf(row)) Fill(*filling, IndexInParent(child) + 1);
 }
 
 const clsNode* TreeRows::NodeOf(const wxTreeItemId& row) const {
@@ -214,7 +215,7 @@ void TreeRows::OnExpanding(wxTreeEvent& event) {
     StartFilling(row);
     if (Filling* const filling = FillingOf(row)) {
         const Guard guard(isChanging_);
-        Fill(*filling, kNoLimit, kFirstSliceMilliseconds);
+        FillSlice(*filling);
     }
 }
 
@@ -223,7 +224,7 @@ void TreeRows::OnIdle(wxIdleEvent& event) {
     if (filling_.empty()) return;
     const Guard guard(isChanging_);
     Filling& filling = filling_.front();
-    Fill(filling, kNoLimit, kSliceMilliseconds);
+    FillSlice(filling);
     if (filling.nextChild >= NodeOf(filling.row)->ChildNodes.Count()) filling_.pop_front();
     if (!filling_.empty()) event.RequestMore();
 }

@@ -51,8 +51,10 @@ private:
     void OnIdle(wxIdleEvent& event);
 
     wxTreeItemId Append(const wxTreeItemId& parent, const document::clsNode& node);
-    /// Adds rows until `last` (from 0) is there or about that many milliseconds have passed.
-    void Fill(Filling& filling, std::size_t last, long milliseconds);
+    /// Adds the rows before `end` (from 0) that are not there yet.
+    void Fill(Filling& filling, std::size_t end);
+    /// Adds as many rows as nobody feels.
+    void FillSlice(Filling& filling);
     void StartFilling(const wxTreeItemId& row);
     [[nodiscard]] Filling* FillingOf(const wxTreeItemId& row);
     void FillUpTo(const wxTreeItemId& row, const document::clsNode& child);

@@ -24,7 +24,8 @@ Words SortWords(const std::vector<CommandArgument>& arguments, std::size_t first
     Words words;
     for (std::size_t i = first; i < arguments.size(); ++i) {
         const CommandArgument& argument = arguments[i];
-        const bool isSwitch = argument.quoted.empty() && (argument.text.starts_with('/') || argument.text.starts_with('-'));
+        const bool isSwitch =
+            argument.quoted.empty() && (argument.text.starts_with('/') || argument.text.starts_with('-'));
         if (isSwitch) {
             words.switches.insert(text::ToLower(argument.text));
         } else {
@@ -133,9 +134,8 @@ private:
 };
 
 bool LiesInside(const std::string& path, const std::string& folder) {
-    return text::EqualNoCase(path, folder) ||
-           (path.size() > folder.size() && path[folder.size()] == '\\' &&
-            text::EqualNoCase(path.substr(0, folder.size()), folder));
+    return text::EqualNoCase(path, folder) || (path.size() > folder.size() && path[folder.size()] == '\\' &&
+                                               text::EqualNoCase(path.substr(0, folder.size()), folder));
 }
 
 struct Runner {
@@ -163,9 +163,8 @@ struct Runner {
 std::optional<BatchCommand> ParseBatchCommand(std::string_view line) {
     const std::vector<CommandArgument> arguments = ParseArguments(line);
     const auto is = [&](std::size_t index, std::string_view name) {
-        return index < arguments.size() &&
-               (text::EqualNoCase(arguments[index].text, name) ||
-                text::EqualNoCase(arguments[index].text, std::string(name) + ".exe"));
+        return index < arguments.size() && (text::EqualNoCase(arguments[index].text, name) ||
+                                            text::EqualNoCase(arguments[index].text, std::string(name) + ".exe"));
     };
     const std::size_t first = is(0, "call") ? 1 : 0;
     if (is(first, "attrib")) {

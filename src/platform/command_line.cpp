@@ -8,9 +8,7 @@ namespace {
 constexpr std::string_view kBlanks = " \t";
 constexpr std::size_t kNone = std::string_view::npos;
 
-bool IsBlank(char c) {
-    return kBlanks.find(c) != kNone;
-}
+bool IsBlank(char c) { return kBlanks.find(c) != kNone; }
 
 /// Reads one argument off the front of a text that begins with none of the blanks.
 class ArgumentReader {
@@ -85,8 +83,8 @@ std::vector<ProgramCandidate> ProgramCandidates(std::string_view commandLine) {
     }
     if (commandLine[begin] == '"') {
         const std::size_t close = std::min(commandLine.find('"', begin + 1), commandLine.size());
-        candidates.push_back({std::string(commandLine.substr(begin + 1, close - begin - 1)),
-                              std::min(close + 1, commandLine.size())});
+        candidates.push_back(
+            {std::string(commandLine.substr(begin + 1, close - begin - 1)), std::min(close + 1, commandLine.size())});
         return candidates;
     }
     const std::size_t limit = std::min(commandLine.find('"', begin), commandLine.size());

@@ -3,8 +3,7 @@
 namespace tamarind::platform {
 namespace {
 
-void Convert(Processes& processes, UserInterface& ui, const ConverterFolders& folders,
-             const std::string& commandLine) {
+void Convert(Processes& processes, UserInterface& ui, const ConverterFolders& folders, const std::string& commandLine) {
     ProcessStart start;
     start.commandLine = commandLine;
     start.folder = folders.program;

@@ -98,7 +98,7 @@ void MakeBackup(Files& files, const std::string& target, const std::string& back
 /// The steps of ReplaceGameFile; `target` is `original` with its links followed.
 std::string ReplaceWithBackup(Files& files, const std::string& original, const std::string& target,
                               const std::string& newFile, const std::optional<FileStamp>& before) {
-    const std::string backup = FreeBackupName(files, original);
+    std::string backup = FreeBackupName(files, original);
     if (backup.empty() && files.IsWriteProtected(target)) {
         throw RuntimeError(ErrorNumber::PermissionDenied, original); // as an ordinary overwrite
     }

@@ -43,6 +43,8 @@ public:
 
     // The text page.
     virtual void SetEditorText(const std::string& text) = 0;
+    /// Returns once the text set last is painted, or soon where the page is not visible.
+    virtual void PaintEditorText() = 0;
     [[nodiscard]] virtual std::string EditorText() const = 0;
     /// Whether the person has changed the text since it was set or saved.
     [[nodiscard]] virtual bool IsEditorTextModified() const = 0;

@@ -16,6 +16,7 @@ public:
     void ShowWindow() override {}
     void CloseWindow() override {}
     void SetEditorText(const std::string& text) override { text_ = text; }
+    void PaintEditorText() override {}
     [[nodiscard]] std::string EditorText() const override { return text_; }
     [[nodiscard]] bool IsEditorTextModified() const override { return false; }
     void SetEditorTextSaved() override {}

@@ -69,11 +69,11 @@ bool MayClose(EditorContext& context) {
 }
 
 void ReportFatalError(EditorContext& context, const RuntimeError& error) {
-    const auto line = [](const std::string& text) { return text.empty() ? text : "\r\n\r\n" + text; };
-    context.ui.Show({.text = fmt::format("Run-time error '{}':\r\n\r\n{}{}{}{}\r\n\r\nTamarind ends now.",
-                                         error.Number(), error.Description(), line(error.Details()),
-                                         line(KeepText(context)), line(KeepDocument(context))),
-                     .icon = Icon::Critical});
+    std::string text = fmt::format("Run-time error '{}':\r\n\r\n{}", error.Number(), error.Description());
+    for (const std::string& paragraph : {error.Details(), KeepText(context), KeepDocument(context)}) {
+        if (!paragraph.empty()) text += "\r\n\r\n" + paragraph;
+    }
+    context.ui.Show({.text = text + "\r\n\r\nTamarind ends now.", .icon = Icon::Critical});
 }
 
 } // namespace tamarind::shell

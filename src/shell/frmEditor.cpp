@@ -25,7 +25,6 @@ namespace {
 
 constexpr int kFirstItemId = wxID_HIGHEST + 1;
 const wxSize kDesignSize(1000, 700);
-const wxSize kSmallestSize(760, 560);
 
 } // namespace
 
@@ -42,12 +41,13 @@ frmEditor::frmEditor(session::Session& session, const platform::Platform& platfo
       context_{session, document_, platform, ui_, *this} {
     // A frame's own colour is that of an empty work space on Windows.
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
+    SetSize(FromDIP(kDesignSize));
     CreateStatusBar();
     MakePages();
     MakeMenus();
     platform::SetWindowIcons(*this);
-    SetMinSize(FromDIP(kSmallestSize));
-    SetSize(FromDIP(kDesignSize));
+    // Nothing on the pages is ever cut off.
+    SetMinSize(GetSizer()->ComputeFittingWindowSize(this));
     normalPlace_ = GetRect();
     BindEvents();
 }

@@ -57,6 +57,7 @@ private:
     void ShowWindow() override;
     void CloseWindow() override;
     void SetEditorText(const std::string& text) override;
+    void PaintEditorText() override;
     [[nodiscard]] std::string EditorText() const override;
     [[nodiscard]] bool IsEditorTextModified() const override;
     void SetEditorTextSaved() override;

@@ -78,6 +78,8 @@ void frmEditor::CloseWindow() { CallAfter([this] { Close(); }); }
 
 void frmEditor::SetEditorText(const std::string& text) { textPage_->SetText(text); }
 
+void frmEditor::PaintEditorText() { textPage_->Paint(); }
+
 std::string frmEditor::EditorText() const { return textPage_->Text(); }
 
 bool frmEditor::IsEditorTextModified() const { return textPage_->IsModified(); }

@@ -33,10 +33,10 @@ public:
         const bool quoted = rest_.front() == '"';
         if (quoted) rest_.remove_prefix(1);
         const std::size_t end = rest_.find_first_of(quoted ? std::string_view("\"") : kSeparators);
-        std::string field(rest_.substr(0, end));
-        rest_.remove_prefix(std::min(field.size(), rest_.size()));
+        const std::string_view field = rest_.substr(0, end);
+        rest_.remove_prefix(field.size());
         SkipSeparator();
-        return field;
+        return std::string(quoted ? field : field.substr(0, field.find_last_not_of(" \t") + 1));
     }
 
 private:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace tamarind::text {
 namespace {
@@ -22,8 +23,16 @@ int ToByte(char32_t codePoint) {
 
 bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
+/// Length of the part before the first byte that is not ASCII; eight bytes at a time, for texts of many megabytes.
 std::size_t AsciiPrefix(std::string_view text) {
-    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), IsAscii) - text.begin());
+    constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+    std::size_t length = 0;
+    for (std::uint64_t bytes = 0; length + sizeof bytes <= text.size(); length += sizeof bytes) {
+        std::memcpy(&bytes, text.data() + length, sizeof bytes);
+        if ((bytes & kHighBits) != 0) break;
+    }
+    while (length < text.size() && IsAscii(text[length])) ++length;
+    return length;
 }
 
 /// Length of the sequence that a first byte announces; 0 for a byte that cannot be first.

@@ -9,21 +9,17 @@
 namespace tamarind::platform {
 namespace {
 
-using tests::TempFolder;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using tests::TempFolder;
 
-std::optional<BatchCommand> Cleared(const std::string& folder) {
-    return ClearAttributes{folder};
-}
+std::optional<BatchCommand> Cleared(const std::string& folder) { return ClearAttributes{folder}; }
 
 std::optional<BatchCommand> Copied(const std::string& source, const std::string& destination) {
     return CopyToFolder{source, destination};
 }
 
-void CarryOut(const TempFolder& folder, const BatchCommand& command) {
-    RunBatchCommand(folder.Disk(), command, {});
-}
+void CarryOut(const TempFolder& folder, const BatchCommand& command) { RunBatchCommand(folder.Disk(), command, {}); }
 
 TEST(ParseBatchCommand, KnowsAttribThatClears) {
     EXPECT_EQ(ParseBatchCommand(R"(ATTRIB -R "\game dir\*.*" /s /d)"), Cleared(R"(\game dir)"));

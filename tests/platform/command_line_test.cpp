@@ -64,13 +64,9 @@ TEST(ParseArguments, RemembersWhichPartsWereQuoted) {
     EXPECT_THAT(arguments[3].quoted, ElementsAre(CommandArgument::Part{0, 1}, CommandArgument::Part{2, 1}));
 }
 
-std::string Marked(const std::string& path) {
-    return "<" + path + ">";
-}
+std::string Marked(const std::string& path) { return "<" + path + ">"; }
 
-std::string Translate(std::string_view argument) {
-    return TranslatePaths(ParseArguments(argument).at(0), Marked);
-}
+std::string Translate(std::string_view argument) { return TranslatePaths(ParseArguments(argument).at(0), Marked); }
 
 TEST(TranslatePaths, TranslatesQuotedPartsThatBeginWithABackslash) {
     EXPECT_EQ(Translate(R"("\home\a b.bin")"), R"(<\home\a b.bin>)");

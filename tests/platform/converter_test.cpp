@@ -13,8 +13,7 @@ namespace {
 using testing::ElementsAre;
 
 TEST(Converter, CommandLineToXmlIsExact) {
-    EXPECT_EQ(CommandLineToXml(R"(c:\a b\x.bin)", R"(c:\a b\x.xml)"),
-              R"(serz.exe "c:\a b\x.bin" xml:"c:\a b\x.xml")");
+    EXPECT_EQ(CommandLineToXml(R"(c:\a b\x.bin)", R"(c:\a b\x.xml)"), R"(serz.exe "c:\a b\x.bin" xml:"c:\a b\x.xml")");
 }
 
 TEST(Converter, CommandLineToBinaryIsExact) {

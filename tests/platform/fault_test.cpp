@@ -12,14 +12,14 @@
 namespace tamarind::platform {
 namespace {
 
+using testing::AnyOf;
+using testing::ElementsAre;
+using testing::EndsWith;
 using tests::ErrorOf;
 using tests::FaultRun;
 using tests::FaultyFiles;
 using tests::NumberOfError;
 using tests::TempFolder;
-using testing::AnyOf;
-using testing::ElementsAre;
-using testing::EndsWith;
 
 class NoSecondNames : public FaultyFiles {
 public:
@@ -49,8 +49,7 @@ template <typename Disk> int TryReplaceGameFile() {
         folder.Write("Track.bin.bak", "an earlier backup");
         folder.Write("new.bin", "the new content");
         Disk files(folder.Disk(), run.fault);
-        const auto error =
-            ErrorOf([&] { ReplaceGameFile(files, folder / "Track.bin", folder / "new.bin"); });
+        const auto error = ErrorOf([&] { ReplaceGameFile(files, folder / "Track.bin", folder / "new.bin"); });
         Finish(run, files);
         const testing::Message where = testing::Message() << run.Name();
         EXPECT_EQ(folder.Read("Track.bin.bak"), "an earlier backup") << where;
@@ -118,8 +117,7 @@ TEST(Faults, CopyFolderTreeLeavesNoHalfFile) {
         folder.Write("from\\b.bin", "the new b");
         folder.Write("to\\a.bin", "the old a");
         FaultyFiles files(folder.Disk(), run.fault);
-        const int error =
-            NumberOfError([&] { CopyFolderTree(files, folder / "from", folder / "to", true); });
+        const int error = NumberOfError([&] { CopyFolderTree(files, folder / "from", folder / "to", true); });
         Finish(run, files);
         const testing::Message where = testing::Message() << run.Name();
         EXPECT_EQ(error, run.struck ? NumberOf(run.fault.kind) : 0) << where;

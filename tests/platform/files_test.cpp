@@ -11,10 +11,10 @@
 namespace tamarind::platform {
 namespace {
 
+using testing::ElementsAre;
 using tests::ErrorOf;
 using tests::NumberOfError;
 using tests::TempFolder;
-using testing::ElementsAre;
 
 TEST(Files, WriteAndReadBackEveryByte) {
     const TempFolder folder;

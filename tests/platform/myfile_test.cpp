@@ -14,11 +14,11 @@
 namespace tamarind::platform {
 namespace {
 
+using testing::ElementsAre;
+using testing::IsEmpty;
 using tests::NumberOfError;
 using tests::ScriptedUserInterface;
 using tests::TempFolder;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(FileExists, IsTrueForAFileThatCanBeRead) {
     const TempFolder folder;
@@ -135,9 +135,9 @@ TEST(WriteUniFile, ShowsAnErrorForAFolder) {
     const TempFolder folder;
     ScriptedUserInterface ui;
     EXPECT_FALSE(WriteUniFile(folder.Disk(), ui, folder.Path(), "text"));
-    EXPECT_THAT(ui.MessageTexts(),
-                ElementsAre("Path/File access error occurred in WriteUniFile while processing\r\nfile " +
-                            folder.Path()));
+    EXPECT_THAT(
+        ui.MessageTexts(),
+        ElementsAre("Path/File access error occurred in WriteUniFile while processing\r\nfile " + folder.Path()));
 }
 
 TEST(CopyFile, CreatesAndReplaces) {

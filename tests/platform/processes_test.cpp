@@ -13,10 +13,10 @@ namespace tamarind::platform {
 namespace {
 
 using namespace std::chrono_literals;
-using tests::FakeProcesses;
-using tests::ScriptedUserInterface;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using tests::FakeProcesses;
+using tests::ScriptedUserInterface;
 
 TEST(ShellWait, PausesOnceForAProgramThatEndsAtOnce) {
     FakeProcesses processes;

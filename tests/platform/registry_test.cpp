@@ -20,9 +20,7 @@ std::vector<std::uint8_t> Wide(std::string_view text) {
     return bytes;
 }
 
-RegistryValue Text(std::string_view text) {
-    return std::string(text);
-}
+RegistryValue Text(std::string_view text) { return std::string(text); }
 
 class OneValue : public Registry {
 public:

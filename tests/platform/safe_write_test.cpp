@@ -11,12 +11,11 @@
 namespace tamarind::platform {
 namespace {
 
+using testing::ElementsAre;
 using tests::ErrorOf;
 using tests::FaultyFiles;
 using tests::NumberOfError;
 using tests::TempFolder;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// A disk whose file system knows no second names.
 class NoSecondNames : public FaultyFiles {

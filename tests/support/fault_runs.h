@@ -10,7 +10,7 @@ namespace tamarind::tests {
 /// One run of a command with one fault in it.
 struct FaultRun {
     Fault fault;
-    bool struck = false;             ///< false in the last run of a row, which the command completed
+    bool struck = false;              ///< false in the last run of a row, which the command completed
     std::vector<std::string> changes; ///< as FaultyFiles::Changes
     /// For messages of failed expectations.
     [[nodiscard]] std::string Name() const;

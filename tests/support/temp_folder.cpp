@@ -28,12 +28,10 @@ TempFolder::TempFolder() : files_(platform::MakeFiles()) {
     files_->CreateFolder(path_);
 }
 
-TempFolder::~TempFolder() {
-    platform::DelAll(*files_, path_);
-}
+TempFolder::~TempFolder() { platform::DelAll(*files_, path_); }
 
 std::string TempFolder::Write(std::string_view name, std::string_view bytes) const {
-    const std::string path = *this / name;
+    std::string path = *this / name;
     MakeFolders(*files_, platform::FolderOf(path));
     const auto file = files_->Create(path, platform::CreateMode::Overwrite);
     file->Write(bytes);
@@ -46,9 +44,7 @@ std::string TempFolder::MakeFolder(std::string_view name) const {
     return *this / name;
 }
 
-std::string TempFolder::Read(std::string_view name) const {
-    return platform::ReadBytes(*files_, *this / name);
-}
+std::string TempFolder::Read(std::string_view name) const { return platform::ReadBytes(*files_, *this / name); }
 
 std::vector<std::string> TempFolder::Names(std::string_view folder) const {
     std::vector<std::string> names;

@@ -216,11 +216,13 @@ std::vector<FolderEntry> PosixFiles::List(const std::string& folder) const {
     }
     std::vector<FolderEntry> entries;
     errno = 0;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the stream is ours alone
     while (const dirent* entry = readdir(stream.get())) {
         const std::string name = entry->d_name;
         if (name != "." && name != "..") {
-            const bool isFolder =
-                entry->d_type == DT_UNKNOWN ? IsFolderItself(native + "/" + name) : entry->d_type == DT_DIR;
+            const bool isFolder = entry->d_type == DT_UNKNOWN
+                                      ? IsFolderItself(std::string(native).append("/").append(name))
+                                      : entry->d_type == DT_DIR;
             entries.push_back({ProgramSpelling(name), isFolder});
         }
         errno = 0;
@@ -251,15 +253,13 @@ std::string PosixFiles::ResolveLinks(const std::string& path) const {
             return follow == 0 ? path : ProgramSpelling(current);
         }
         const std::string next(target, static_cast<std::size_t>(length));
-        current = next.front() == '/' ? next : NativeFolderOf(current) + "/" + next;
+        current = next.front() == '/' ? next : NativeFolderOf(current).append("/").append(next);
     }
     return path;
 }
 
 } // namespace
 
-std::unique_ptr<Files> MakeFiles() {
-    return std::make_unique<PosixFiles>();
-}
+std::unique_ptr<Files> MakeFiles() { return std::make_unique<PosixFiles>(); }
 
 } // namespace tamarind::platform

@@ -20,6 +20,7 @@ constexpr std::string_view kExecutableStart = "\177ELF";
 std::vector<std::string> FoldersToSearch(const ProcessStart& start) {
     std::vector<std::string> folders = start.searchFolders;
     folders.push_back(start.folder);
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing changes the environment
     const char* searchPath = std::getenv("PATH");
     std::string_view rest = searchPath == nullptr ? "" : searchPath;
     while (!rest.empty()) {

@@ -33,6 +33,7 @@ std::string EntryInOtherCase(const std::string& folder, const std::string& name)
     if (!entries) {
         return found;
     }
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the stream is ours alone
     while (const dirent* entry = readdir(entries.get())) {
         const std::string_view candidate = entry->d_name;
         if (text::ToLower(candidate) == wanted && (found.empty() || candidate < found)) {
@@ -108,8 +109,6 @@ std::string ProgramSpelling(std::string_view native) {
     return text::ReplaceAll(text::ReplaceAll(native, "\\", kBackslashInName), "/", "\\");
 }
 
-std::string ToNative(std::string_view path) {
-    return NativePath(path).value_or(std::string(path));
-}
+std::string ToNative(std::string_view path) { return NativePath(path).value_or(std::string(path)); }
 
 } // namespace tamarind::platform

@@ -79,9 +79,7 @@ Descriptor::~Descriptor() {
     }
 }
 
-int Descriptor::Release() {
-    return std::exchange(number_, -1);
-}
+int Descriptor::Release() { return std::exchange(number_, -1); }
 
 Descriptor OpenDescriptor(const std::string& native, int flags, unsigned mode) {
     int number = -1;

@@ -38,22 +38,19 @@ private:
     std::jthread worker_; // last: it must end before the rest goes
 };
 
-std::string WinePath(const std::string& path) {
-    return "Z:" + ProgramSpelling(ToNative(path));
-}
+std::string WinePath(const std::string& path) { return "Z:" + ProgramSpelling(ToNative(path)); }
 
 std::vector<std::string> Translated(const std::vector<CommandArgument>& arguments,
                                     std::string (*translate)(const std::string&)) {
     std::vector<std::string> texts;
+    texts.reserve(arguments.size());
     for (const CommandArgument& argument : arguments) {
         texts.push_back(TranslatePaths(argument, translate));
     }
     return texts;
 }
 
-std::string NativeText(const std::string& path) {
-    return ToNative(path);
-}
+std::string NativeText(const std::string& path) { return ToNative(path); }
 
 /// `folders` joined in front of the old value of an environment variable.
 std::string InFront(const std::vector<std::string>& folders, char separator, const char* variable) {
@@ -61,6 +58,7 @@ std::string InFront(const std::vector<std::string>& folders, char separator, con
     for (const std::string& folder : folders) {
         value += folder + separator;
     }
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing changes the environment
     const char* old = std::getenv(variable);
     if (old != nullptr && *old != '\0') {
         return value + old;
@@ -154,8 +152,6 @@ private:
 
 } // namespace
 
-std::unique_ptr<Processes> MakeProcesses(Files& files) {
-    return std::make_unique<PosixProcesses>(files);
-}
+std::unique_ptr<Processes> MakeProcesses(Files& files) { return std::make_unique<PosixProcesses>(files); }
 
 } // namespace tamarind::platform

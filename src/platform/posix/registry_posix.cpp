@@ -11,8 +11,6 @@ public:
 
 } // namespace
 
-std::unique_ptr<Registry> MakeRegistry() {
-    return std::make_unique<NoRegistry>();
-}
+std::unique_ptr<Registry> MakeRegistry() { return std::make_unique<NoRegistry>(); }
 
 } // namespace tamarind::platform

@@ -41,8 +41,6 @@ ErrorNumber NumberOf(int error, const std::string& path) {
 
 } // namespace
 
-void ThrowSystemError(int error, const std::string& path) {
-    throw text::RuntimeError(NumberOf(error, path), path);
-}
+void ThrowSystemError(int error, const std::string& path) { throw text::RuntimeError(NumberOf(error, path), path); }
 
 } // namespace tamarind::platform

@@ -18,9 +18,7 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 constexpr DWORD kSettable = kProtection | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED |
                             FILE_ATTRIBUTE_OFFLINE | FILE_ATTRIBUTE_TEMPORARY;
 
-DWORD AttributesOf(const std::wstring& path) {
-    return GetFileAttributesW(path.c_str());
-}
+DWORD AttributesOf(const std::wstring& path) { return GetFileAttributesW(path.c_str()); }
 
 bool Has(DWORD attributes, DWORD wanted) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & wanted) == wanted;
@@ -48,9 +46,7 @@ Handle OpenToAsk(const std::string& path) {
                               FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-std::uint64_t Join(DWORD high, DWORD low) {
-    return std::uint64_t{high} << 32 | low;
-}
+std::uint64_t Join(DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; }
 
 /// Whether the path or a folder above it is a link.
 bool HoldsLink(const std::string& path) {
@@ -287,8 +283,6 @@ std::string WindowsFiles::ResolveLinks(const std::string& path) const {
 
 } // namespace
 
-std::unique_ptr<Files> MakeFiles() {
-    return std::make_unique<WindowsFiles>();
-}
+std::unique_ptr<Files> MakeFiles() { return std::make_unique<WindowsFiles>(); }
 
 } // namespace tamarind::platform

@@ -10,9 +10,7 @@ namespace {
 
 constexpr std::size_t kLargestTransfer = 1U << 24; // one call takes a 32-bit size
 
-DWORD TransferSize(std::size_t size) {
-    return static_cast<DWORD>(std::min(size, kLargestTransfer));
-}
+DWORD TransferSize(std::size_t size) { return static_cast<DWORD>(std::min(size, kLargestTransfer)); }
 
 class WindowsInputFile final : public InputFile {
 public:

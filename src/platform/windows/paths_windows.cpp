@@ -17,9 +17,7 @@ std::string FromNative(std::string_view nativePath) {
     return FromWide(WithoutLongPrefix(full));
 }
 
-std::string ToNative(std::string_view path) {
-    return std::string(path);
-}
+std::string ToNative(std::string_view path) { return std::string(path); }
 
 std::string ForDisplay(std::string_view path) { return std::string(path); }
 

@@ -15,7 +15,8 @@ namespace {
 
 class WindowsProcess final : public RunningProcess {
 public:
-    WindowsProcess(Handle process, Handle job, DWORD id) : process_(std::move(process)), job_(std::move(job)), id_(id) {}
+    WindowsProcess(Handle process, Handle job, DWORD id)
+        : process_(std::move(process)), job_(std::move(job)), id_(id) {}
 
     std::uint64_t Id() const override { return id_; }
     // Not by the exit code: a program may well end with the one that means "still active".
@@ -82,8 +83,8 @@ std::optional<std::wstring> Locate(const std::string& name, const ProcessStart& 
 
 bool IsVariable(std::wstring_view entry, std::wstring_view name) {
     return entry.size() > name.size() && entry[name.size()] == L'=' &&
-           CompareStringOrdinal(entry.data(), static_cast<int>(name.size()), name.data(),
-                                static_cast<int>(name.size()), TRUE) == CSTR_EQUAL;
+           CompareStringOrdinal(entry.data(), static_cast<int>(name.size()), name.data(), static_cast<int>(name.size()),
+                                TRUE) == CSTR_EQUAL;
 }
 
 /// This program's environment with the search folders in front of the search path, in the form that a new process
@@ -178,8 +179,6 @@ public:
 
 } // namespace
 
-std::unique_ptr<Processes> MakeProcesses(Files& /*files*/) {
-    return std::make_unique<WindowsProcesses>();
-}
+std::unique_ptr<Processes> MakeProcesses(Files& /*files*/) { return std::make_unique<WindowsProcesses>(); }
 
 } // namespace tamarind::platform

@@ -66,8 +66,6 @@ public:
 
 } // namespace
 
-std::unique_ptr<Registry> MakeRegistry() {
-    return std::make_unique<WindowsRegistry>();
-}
+std::unique_ptr<Registry> MakeRegistry() { return std::make_unique<WindowsRegistry>(); }
 
 } // namespace tamarind::platform

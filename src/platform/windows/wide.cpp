@@ -95,8 +95,6 @@ std::wstring WithoutLongPrefix(const std::wstring& path) {
     return path.starts_with(kLongPrefix) ? path.substr(kLongPrefix.size()) : path;
 }
 
-void ThrowSystemError(unsigned long error, const std::string& path) {
-    throw text::RuntimeError(NumberOf(error), path);
-}
+void ThrowSystemError(unsigned long error, const std::string& path) { throw text::RuntimeError(NumberOf(error), path); }
 
 } // namespace tamarind::platform

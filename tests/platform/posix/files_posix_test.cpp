@@ -17,12 +17,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using testing::ElementsAre;
+using testing::IsEmpty;
 using tests::ErrorOf;
 using tests::NumberOfError;
 using tests::TempFolder;
 using tests::Unprivileged;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 mode_t RightsOf(const std::string& path) {
     struct stat status = {};
@@ -30,9 +30,7 @@ mode_t RightsOf(const std::string& path) {
     return status.st_mode & 07777;
 }
 
-void SetRights(const std::string& path, mode_t rights) {
-    ASSERT_EQ(chmod(ToNative(path).c_str(), rights), 0) << path;
-}
+void SetRights(const std::string& path, mode_t rights) { ASSERT_EQ(chmod(ToNative(path).c_str(), rights), 0) << path; }
 
 void Link(const std::string& path, const std::string& nativeTarget) {
     fs::create_symlink(nativeTarget, ToNative(FolderOf(path)) + "/" + NameOf(path));

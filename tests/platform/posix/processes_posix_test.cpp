@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,17 +20,17 @@ namespace tamarind::platform {
 namespace {
 
 using namespace std::chrono_literals;
+using testing::ElementsAre;
 using tests::NumberOfError;
 using tests::ScriptedUserInterface;
 using tests::TempFolder;
-using testing::ElementsAre;
 
 /// A folder to run scripts in.
 class ProcessesTest : public testing::Test {
 protected:
     /// Writes a "#!" script that can be started; returns its path.
     std::string Script(const std::string& name, const std::string& body) {
-        const std::string path = folder.Write(name, "#!/bin/sh\n" + body);
+        std::string path = folder.Write(name, "#!/bin/sh\n" + body);
         EXPECT_EQ(chmod(ToNative(path).c_str(), 0755), 0);
         return path;
     }
@@ -71,9 +72,8 @@ TEST_F(ProcessesTest, WaitsForAProgramThatEndsWithAnyExitCode) {
 TEST_F(ProcessesTest, MakesQuotedPathsNative) {
     Script("tools\\show", "printf '%s\\n' \"$@\" >out\n");
     folder.Write("My Game\\Track.bin", "");
-    Run("show \"" + folder.Path() + "\\MY GAME\\track.bin\" xml:\"" + folder.Path() + "\\My Game\\new.xml\" /x a\\b");
-    EXPECT_EQ(folder.Read("out"),
-              Native("My Game/Track.bin") + "\nxml:" + Native("My Game/new.xml") + "\n/x\na\\b\n");
+    Run("show \"" + folder.Path() + R"(\MY GAME\track.bin" xml:")" + folder.Path() + R"(\My Game\new.xml" /x a\b)");
+    EXPECT_EQ(folder.Read("out"), Native("My Game/Track.bin") + "\nxml:" + Native("My Game/new.xml") + "\n/x\na\\b\n");
 }
 
 TEST_F(ProcessesTest, StartsAProgramNamedWithItsFolderAndBlanks) {
@@ -157,6 +157,52 @@ TEST_F(ProcessesTest, AConverterScriptConvertsThroughQuotedPaths) {
     EXPECT_EQ(folder.Read("TempFiles\\My Track.xml"), "content");
 }
 
+/// Puts a stand-in for wine in front of the search path; it writes down its arguments and WINEPATH.
+class WineTest : public ProcessesTest {
+protected:
+    WineTest() {
+        Script("bin\\wine", "printf '%s\\n' \"$@\" \"$WINEPATH\" >out\n");
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): no thread runs beside
+        setenv("PATH", (Native("bin") + ":" + oldPath_).c_str(), 1);
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): no thread runs beside
+        unsetenv("WINEPATH");
+    }
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no thread runs beside
+    ~WineTest() override { setenv("PATH", oldPath_.c_str(), 1); }
+
+    [[nodiscard]] std::string Wine(const std::string& name) const { return "Z:" + (folder / name); }
+
+private:
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no thread runs beside
+    std::string oldPath_ = std::getenv("PATH");
+};
+
+TEST_F(WineTest, StartsAWindowsProgramWithPathsOnDriveZ) {
+    folder.Write("tools\\Serz.exe", "MZ and more");
+    folder.Write("My Game\\Track.bin", "");
+    EXPECT_GT(
+        Run("serz.exe \"" + (folder / "my game\\track.bin") + "\" xml:\"" + (folder / "My Game\\new.xml") + "\" x"),
+        0.0);
+    EXPECT_EQ(folder.Read("out"), Wine("tools\\Serz.exe") + "\n" + Wine("My Game\\Track.bin") +
+                                      "\nxml:" + Wine("My Game\\new.xml") + "\nx\n" + Wine("tools") + "\n");
+}
+
+TEST_F(WineTest, KeepsAnOlderWinepathBehindTheSearchFolders) {
+    folder.Write("tools\\serz.exe", "MZ");
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no thread runs beside
+    setenv("WINEPATH", "C:\\old", 1);
+    Run("serz.exe");
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no thread runs beside
+    unsetenv("WINEPATH");
+    EXPECT_EQ(folder.Read("out"), Wine("tools\\serz.exe") + "\n" + Wine("tools") + ";C:\\old\n");
+}
+
+TEST_F(WineTest, GetsABatchFileWithAnyOtherCommand) {
+    folder.Write("go.bat", "ATTRIB -R \"" + folder.Path() + "\\*.*\" /s /d\r\ndel *.tmp\r\n");
+    EXPECT_GT(Run("go.bat one", WindowStyle::NormalFocus), 0.0);
+    EXPECT_EQ(folder.Read("out"), "cmd\n/c\n" + Wine("go.bat") + "\none\n" + Wine("tools") + "\n");
+}
+
 TEST_F(ProcessesTest, AttribMakesEverythingInTheTreeWritableAndFollowsNoLink) {
     folder.Write("game\\sub\\a.bin", "a");
     folder.Write("outside\\b.bin", "b");
@@ -164,7 +210,7 @@ TEST_F(ProcessesTest, AttribMakesEverythingInTheTreeWritableAndFollowsNoLink) {
     ASSERT_EQ(chmod(Native("game/sub/a.bin").c_str(), 0444), 0);
     ASSERT_EQ(chmod(Native("outside/b.bin").c_str(), 0444), 0);
     ASSERT_EQ(chmod(Native("game/sub").c_str(), 0555), 0);
-    EXPECT_GT(Run("ATTRIB -h -r -s \"" + (folder / "game") + "\\*.*\" /s /d", WindowStyle::NormalFocus), 0.0);
+    EXPECT_GT(Run("ATTRIB -h -r -s \"" + (folder / "game") + R"(\*.*" /s /d)", WindowStyle::NormalFocus), 0.0);
     EXPECT_FALSE(folder.Disk().IsWriteProtected(folder / "game\\sub\\a.bin"));
     EXPECT_FALSE(folder.Disk().IsWriteProtected(folder / "game\\sub"));
     EXPECT_TRUE(folder.Disk().IsWriteProtected(folder / "outside\\b.bin"));

@@ -13,13 +13,13 @@
 namespace tamarind::platform {
 namespace {
 
+using testing::AnyOf;
+using testing::Eq;
 using tests::Fault;
 using tests::FaultKind;
 using tests::FaultyFiles;
 using tests::kStoppedByFault;
 using tests::TempFolder;
-using testing::AnyOf;
-using testing::Eq;
 
 /// The exit code of a child process that does `work`.
 int ExitCodeOf(const std::function<void()>& work) {

@@ -14,26 +14,22 @@
 namespace tamarind::platform {
 namespace {
 
-using tests::ErrorOf;
-using tests::FaultyFiles;
-using tests::NumberOfError;
-using tests::TempFolder;
 using testing::AnyOf;
 using testing::ElementsAre;
 using testing::Eq;
 using testing::IsEmpty;
+using tests::ErrorOf;
+using tests::FaultyFiles;
+using tests::NumberOfError;
+using tests::TempFolder;
 
-DWORD AttributesOf(const std::string& path) {
-    return GetFileAttributesW(SystemPath(path).c_str());
-}
+DWORD AttributesOf(const std::string& path) { return GetFileAttributesW(SystemPath(path).c_str()); }
 
 void Set(const std::string& path, DWORD attributes) {
     ASSERT_NE(SetFileAttributesW(SystemPath(path).c_str(), attributes), 0) << GetLastError();
 }
 
-bool IsReadOnly(const std::string& path) {
-    return (AttributesOf(path) & FILE_ATTRIBUTE_READONLY) != 0;
-}
+bool IsReadOnly(const std::string& path) { return (AttributesOf(path) & FILE_ATTRIBUTE_READONLY) != 0; }
 
 /// Keeps a file open so that other programs may do with it only what `share` allows.
 Handle Lock(const std::string& path, DWORD share = 0) {

@@ -23,8 +23,8 @@ protected:
         }
     }
 
-    static void Write(const wchar_t* name, DWORD type, const void* data, std::size_t size, HKEY root = HKEY_CURRENT_USER,
-                      REGSAM view = KEY_WOW64_64KEY) {
+    static void Write(const wchar_t* name, DWORD type, const void* data, std::size_t size,
+                      HKEY root = HKEY_CURRENT_USER, REGSAM view = KEY_WOW64_64KEY) {
         HKEY key = nullptr;
         ASSERT_EQ(RegCreateKeyExW(root, kWidePath, 0, nullptr, 0, KEY_WRITE | view, nullptr, &key, nullptr), 0);
         EXPECT_EQ(RegSetValueExW(key, name, 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(size)), 0);
@@ -43,9 +43,7 @@ protected:
     std::unique_ptr<Registry> registry = MakeRegistry();
 };
 
-RegistryValue Text(std::string_view text) {
-    return std::string(text);
-}
+RegistryValue Text(std::string_view text) { return std::string(text); }
 
 TEST_F(WindowsRegistryTest, ReadsTheUnnamedValue) {
     WriteText(nullptr, L"c:\\Jeux\\Rail \u00E9");

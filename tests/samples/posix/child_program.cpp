@@ -1,6 +1,7 @@
 #include "child_program.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <stdexcept>
 #include <sys/wait.h>
 #include <thread>
@@ -8,13 +9,31 @@
 
 namespace tamarind::samples {
 
+namespace {
+
+void SendTo(const std::filesystem::path& file, int stream) {
+    if (!file.empty()) {
+        dup2(open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), stream);
+    }
+}
+
+void Enter(const Surroundings& surroundings) {
+    SendTo(surroundings.output, STDOUT_FILENO);
+    SendTo(surroundings.errors, STDERR_FILENO);
+    if (!surroundings.folder.empty() && chdir(surroundings.folder.c_str()) != 0) {
+        _exit(126);
+    }
+}
+
+} // namespace
+
 struct ChildProgram::System {
     pid_t id = -1;
     bool hasEnded = false;
 };
 
 ChildProgram::ChildProgram(const std::filesystem::path& program, const Arguments& arguments,
-                           const Environment& environment)
+                           const Environment& environment, const Surroundings& surroundings)
     : system_(std::make_unique<System>()) {
     std::vector<std::string> texts{program.native()};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
@@ -31,6 +50,7 @@ ChildProgram::ChildProgram(const std::filesystem::path& program, const Arguments
         for (const auto& [name, value] : environment) {
             setenv(name.c_str(), value.c_str(), 1);
         }
+        Enter(surroundings);
         execv(values[0], values.data());
         _exit(127);
     }

@@ -1,6 +1,8 @@
 #include "child_program.h"
 
+#include <list>
 #include <stdexcept>
+#include <utility>
 #include <windows.h>
 
 namespace tamarind::samples {
@@ -18,6 +20,49 @@ std::wstring Quoted(const std::string& argument) {
     return Wide(argument.substr(0, start)) + L'"' + Wide(argument.substr(start)) + L'"';
 }
 
+/// A child inherits this program's environment; it is as before at the end of the scope.
+class EnvironmentChange {
+public:
+    explicit EnvironmentChange(const std::pair<const std::string, std::string>& variable)
+        : name_(Wide(variable.first)), old_(32768, L'\0') {
+        const DWORD length = GetEnvironmentVariableW(name_.c_str(), old_.data(), static_cast<DWORD>(old_.size()));
+        hadValue_ = length > 0;
+        SetEnvironmentVariableW(name_.c_str(), Wide(variable.second).c_str());
+    }
+    ~EnvironmentChange() { SetEnvironmentVariableW(name_.c_str(), hadValue_ ? old_.c_str() : nullptr); }
+    EnvironmentChange(const EnvironmentChange&) = delete;
+    EnvironmentChange& operator=(const EnvironmentChange&) = delete;
+
+private:
+    std::wstring name_;
+    std::wstring old_;
+    bool hadValue_ = false;
+};
+
+/// A file that a child can write; the child's stream of that number where no file is asked for.
+class Stream {
+public:
+    Stream(const std::filesystem::path& file, DWORD own) : handle_(GetStdHandle(own)), isFile_(!file.empty()) {
+        if (isFile_) {
+            SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+            handle_ = CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
+                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        }
+    }
+    ~Stream() {
+        if (isFile_) {
+            CloseHandle(handle_);
+        }
+    }
+    Stream(const Stream&) = delete;
+    Stream& operator=(const Stream&) = delete;
+    [[nodiscard]] HANDLE Handle() const { return handle_; }
+
+private:
+    HANDLE handle_;
+    bool isFile_;
+};
+
 } // namespace
 
 struct ChildProgram::System {
@@ -26,23 +71,27 @@ struct ChildProgram::System {
 };
 
 ChildProgram::ChildProgram(const std::filesystem::path& program, const Arguments& arguments,
-                           const Environment& environment)
+                           const Environment& environment, const Surroundings& surroundings)
     : system_(std::make_unique<System>()) {
     std::wstring commandLine = L'"' + program.native() + L'"';
     for (const std::string& argument : arguments) {
         commandLine += L' ' + Quoted(argument);
     }
-    for (const auto& [name, value] : environment) {
-        SetEnvironmentVariableW(Wide(name).c_str(), Wide(value).c_str());
-    }
+    std::list<EnvironmentChange> changes(environment.begin(), environment.end());
     STARTUPINFOW start{};
     start.cb = sizeof start;
+    const bool hasFiles = !surroundings.output.empty() || !surroundings.errors.empty();
+    const Stream output(surroundings.output, STD_OUTPUT_HANDLE);
+    const Stream errors(surroundings.errors, STD_ERROR_HANDLE);
+    start.dwFlags = hasFiles ? STARTF_USESTDHANDLES : 0;
+    start.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
+    start.hStdOutput = output.Handle();
+    start.hStdError = errors.Handle();
     PROCESS_INFORMATION process{};
-    const BOOL started = CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                                        nullptr, &start, &process);
-    for (const auto& [name, value] : environment) {
-        SetEnvironmentVariableW(Wide(name).c_str(), nullptr);
-    }
+    const BOOL started =
+        CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, hasFiles ? TRUE : FALSE, 0, nullptr,
+                       surroundings.folder.empty() ? nullptr : surroundings.folder.c_str(), &start, &process);
+    changes.clear();
     if (started == FALSE) {
         throw std::runtime_error("cannot start " + program.string());
     }

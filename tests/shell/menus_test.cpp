@@ -1,0 +1,169 @@
+#include "shell/menus.h"
+
+#include "support/editor_rig.h"
+#include "support/memory_files.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace tamarind::shell {
+namespace {
+
+using Row = std::vector<std::string>;
+
+TEST(Menus, StandInTheirOrder) {
+    std::vector<Row> menus;
+    for (const Menu& menu : Menus()) menus.push_back({std::string(menu.name), std::string(menu.caption)});
+    const std::vector<Row> expected = {
+        {"mnuFileS", "Files"},      {"mnuFile", "Files"},
+        {"mnuNodePopUp", "Nodes"},  {"mnuSearch", "Search Tamarind Editor"},
+        {"mnuConv", "Conversions"}, {"mnuTools", "Tools"},
+        {"mnuEB", "Easy Blueprints"}, {"mnuOpt", "Options"},
+        {"mnuHelp", "Help"},
+    };
+    EXPECT_EQ(menus, expected);
+}
+
+TEST(Menus, HoldTheirItemsInOrder) {
+    std::vector<Row> items;
+    for (const MenuItem& item : MenuItems()) {
+        items.push_back({std::string(item.menu), std::string(item.name), std::string(item.caption)});
+    }
+    const std::vector<Row> expected = {
+        {"mnuFileS", "mnuOpenRS", "Open RailSim File"},
+        {"mnuFileS", "mnuSaveRS", "Save RailSim File"},
+        {"mnuFileS", "mnuXML", "Open .xml/.cost/.tgt file"},
+        {"mnuFileS", "mnuSavexml", "Save .xml/.cost/.tgt file"},
+        {"mnuFileS", "mnuSaveAs", "Save .xml As"},
+        {"mnuFileS", "mnuOpenTex", "Open .TgPcDx Texture Files"},
+        {"mnuFileS", "mnuExit", "&Exit"},
+        {"mnuFile", "mnuFileOpen", "Open RailSim File"},
+        {"mnuFile", "mnuFileSave", "Save RailSim File"},
+        {"mnuFile", "mnuOpenXCT", "Open .xml/.cost/.tgt file"},
+        {"mnuFile", "mnuSaveXCT", "Save .xml/.cost/.tgt file"},
+        {"mnuFile", "mnuFileSaveAs", "Save .xml As"},
+        {"mnuFile", "mnuFileExit", "Exit"},
+        {"mnuNodePopUp", "mnuNodePopUpNew", "New Child Node"},
+        {"mnuNodePopUp", "mnuNodePopupRename", "Rename Node"},
+        {"mnuNodePopUp", "mnuNodePopUpDelete", "Delete Node"},
+        {"mnuNodePopUp", "mnuEditCopy", "Copy"},
+        {"mnuNodePopUp", "mnuEditPaste", "Paste"},
+        {"mnuSearch", "mnuFind", "&Find"},
+        {"mnuConv", "mnuDDS", "Convert RS to .dds"},
+        {"mnuConv", "mnuView", "View .dds File"},
+        {"mnuConv", "mnuEditDDS", "Edit .dds File"},
+        {"mnuConv", "mnuDDStoKrs", "Convert .dds to RS"},
+        {"mnuTools", "mnuDelRoute", "Check Routes or Scenarios"},
+        {"mnuTools", "mnuMarker", "Convert Marker files"},
+        {"mnuTools", "mnuPackAss", "Package Assets"},
+        {"mnuTools", "mnuPack", "Package Route"},
+        {"mnuTools", "mnuPackSce", "Package Scenarios"},
+        {"mnuTools", "mnuDeveloper", "Set Up Developer Folder"},
+        {"mnuTools", "mnuDevFolders", "Set Up Sub- Folders"},
+        {"mnuEB", "mnuMarkN", "Markers - Named"},
+        {"mnuEB", "mnuMarkS", "Markers - Series"},
+        {"mnuEB", "mnuRoute", "Route Template"},
+        {"mnuOpt", "mnuClear", "Clear Screen"},
+        {"mnuOpt", "mnuCTF", "Clear Temp Files"},
+        {"mnuOpt", "mnuReadWrite", "Make all RS files Read/Write"},
+        {"mnuOpt", "mnuSelDefEdit", "Select Default Editor"},
+        {"mnuOpt", "mnuRSPath", "Select RS Path"},
+        {"mnuOpt", "mnuIRF", "Texture Editor Path"},
+        {"mnuOpt", "mnuURS", "Use Tamarind Editor this session only"},
+        {"mnuOpt", "mnuUXML", "Use XML Editor this session only"},
+        {"mnuOpt", "mnuViewer", "Viewer Path"},
+        {"mnuHelp", "mnuContents", "Contents"},
+        {"mnuHelp", "mnuAbout", "About"},
+    };
+    EXPECT_EQ(items, expected);
+}
+
+class MenuItemsTest : public testing::Test {
+protected:
+    static const MenuItem& Item(std::string_view name) {
+        for (const MenuItem& item : MenuItems()) {
+            if (item.name == name) return item;
+        }
+        ADD_FAILURE() << "no item " << name;
+        return MenuItems().front();
+    }
+    bool IsEnabled(std::string_view name) { return IsItemEnabled(Item(name), rig.context); }
+
+    tests::MemoryFiles files;
+    tests::EditorRig rig{files, "C:\\Kit"};
+};
+
+TEST_F(MenuItemsTest, WithoutACommandIsDisabled) {
+    for (const MenuItem& item : MenuItems()) {
+        if (item.command != nullptr) continue;
+        EXPECT_FALSE(IsItemEnabled(item, rig.context)) << item.name;
+    }
+}
+
+TEST_F(MenuItemsTest, SaveToAGameFileNeedsOneThatIsOpen) {
+    EXPECT_FALSE(IsEnabled("mnuSaveRS"));
+    rig.session.RSFileLoaded = true;
+    EXPECT_TRUE(IsEnabled("mnuSaveRS"));
+}
+
+TEST_F(MenuItemsTest, SaveFromTheTreeNeedsAnOpenDocument) {
+    EXPECT_FALSE(IsEnabled("mnuFileSave"));
+    EXPECT_FALSE(IsEnabled("mnuSaveXCT"));
+    rig.document.isOpen = true;
+    EXPECT_TRUE(IsEnabled("mnuFileSave"));
+    EXPECT_TRUE(IsEnabled("mnuSaveXCT"));
+}
+
+TEST_F(MenuItemsTest, SaveAsFromTheTreeFollowsTheDocument) {
+    EXPECT_FALSE(IsEnabled("mnuFileSaveAs"));
+    rig.document.canSaveAs = true;
+    EXPECT_TRUE(IsEnabled("mnuFileSaveAs"));
+}
+
+TEST_F(MenuItemsTest, CopyAndPasteFollowTheDocument) {
+    EXPECT_FALSE(IsEnabled("mnuEditCopy"));
+    EXPECT_FALSE(IsEnabled("mnuEditPaste"));
+    rig.document.canCopy = rig.document.canPaste = true;
+    EXPECT_TRUE(IsEnabled("mnuEditCopy"));
+    EXPECT_TRUE(IsEnabled("mnuEditPaste"));
+}
+
+TEST_F(MenuItemsTest, RenameAndDeleteAreOffForAnEmptyTree) {
+    EXPECT_FALSE(IsEnabled("mnuNodePopupRename"));
+    EXPECT_FALSE(IsEnabled("mnuNodePopUpDelete"));
+    EXPECT_TRUE(IsEnabled("mnuNodePopUpNew"));
+    rig.document.KeyCounter = 1;
+    EXPECT_TRUE(IsEnabled("mnuNodePopupRename"));
+    EXPECT_TRUE(IsEnabled("mnuNodePopUpDelete"));
+}
+
+TEST_F(MenuItemsTest, BothExitsCloseTheWindow) {
+    Item("mnuExit").command(rig.context);
+    Item("mnuFileExit").command(rig.context);
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("CloseWindow", "CloseWindow"));
+}
+
+TEST_F(MenuItemsTest, RunTheirOwnCommand) {
+    // Each is told by the dialog or the question that it begins with.
+    const std::vector<std::pair<std::string, std::string>> dialogs = {
+        {"mnuOpenRS", "Open RailSim file"},
+        {"mnuXML", "Open .xml file"},
+        {"mnuSavexml", "Save .xml format files"},
+        {"mnuSaveAs", "Save KRS format files"},
+        {"mnuOpenTex", "Open RS Texture files"},
+        {"mnuFileOpen", "Open RailSim file"},
+        {"mnuOpenXCT", "Select file to load"},
+        {"mnuFileSaveAs", "Select Filename to Save As..."},
+    };
+    for (const auto& [name, title] : dialogs) {
+        rig.ui.filePaths = {""};
+        Item(name).command(rig.context);
+        ASSERT_FALSE(rig.ui.FileDialogs().empty()) << name;
+        EXPECT_EQ(rig.ui.FileDialogs().back().title, title) << name;
+    }
+}
+
+} // namespace
+} // namespace tamarind::shell

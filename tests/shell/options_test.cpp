@@ -1,0 +1,104 @@
+#include "shell/options.h"
+
+#include "platform/paths.h"
+#include "support/editor_rig.h"
+#include "support/memory_files.h"
+
+#include <gtest/gtest.h>
+
+namespace tamarind::shell {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+using session::Page;
+using session::SessionEditor;
+
+class Options : public testing::Test {
+protected:
+    void ExpectQuestion(const std::string& text) {
+        ASSERT_EQ(rig.ui.Messages().size(), 1U);
+        const platform::Message message = rig.ui.Messages()[0];
+        EXPECT_EQ(message.text, text);
+        EXPECT_EQ(message.icon, Icon::Exclamation);
+        EXPECT_EQ(message.title, "Tamarind");
+        EXPECT_EQ(message.buttons, Buttons::YesNo);
+    }
+    tests::MemoryFiles files;
+    tests::EditorRig rig{files, "C:\\Kit"};
+};
+
+TEST_F(Options, SelectRailSimPathAsksFirst) {
+    rig.session.RailSimPath = "C:\\Game";
+    rig.ui.answers = {Answer::No};
+    SelectRailSimPath(rig.context);
+    ExpectQuestion("Use this option to select your Rail Simulator\r\npath.");
+    EXPECT_TRUE(rig.ui.FileDialogs().empty());
+    EXPECT_EQ(rig.session.RailSimPath, "C:\\Game");
+}
+
+TEST_F(Options, SelectRailSimPathTakesTheFolderOfTheChosenFile) {
+    rig.ui.answers = {Answer::Yes};
+    rig.ui.filePaths = {"C:\\Games\\Rail Simulator\\RailSim.exe"};
+    SelectRailSimPath(rig.context);
+    EXPECT_EQ(rig.session.RailSimPath, "C:\\Games\\Rail Simulator");
+    ASSERT_EQ(rig.ui.FileDialogs().size(), 1U);
+    const platform::FileDialog dialog = rig.ui.FileDialogs()[0];
+    EXPECT_EQ(dialog.title, "Select your RailSim.exe File");
+    EXPECT_EQ(dialog.filter, "RailSim Files (*.exe)|*.exe");
+    EXPECT_FALSE(dialog.save);
+}
+
+TEST_F(Options, SelectRailSimPathAppendsToTheCaptionEachTime) {
+    rig.view.SetCaption("Caption");
+    rig.ui.answers = {Answer::Yes, Answer::Yes};
+    rig.ui.filePaths = {"C:\\One\\RailSim.exe", "C:\\Two\\RailSim.exe"};
+    SelectRailSimPath(rig.context);
+    SelectRailSimPath(rig.context);
+    const std::string segment = "  Version 3.1.31   Rail Simulator path in use is - ";
+    EXPECT_EQ(rig.view.Caption(), "Caption" + segment + platform::ForDisplay("C:\\One") + segment +
+                                      platform::ForDisplay("C:\\Two"));
+}
+
+TEST_F(Options, CancellingSelectRailSimPathEmptiesThePathAndKeepsTheCaption) {
+    rig.session.RailSimPath = "C:\\Game";
+    rig.view.SetCaption("Caption");
+    rig.ui.answers = {Answer::Yes};
+    rig.ui.filePaths = {""};
+    SelectRailSimPath(rig.context);
+    EXPECT_EQ(rig.session.RailSimPath, "");
+    EXPECT_EQ(rig.view.Caption(), "Caption");
+}
+
+TEST_F(Options, SelectDefaultEditorTakesTheTreeOnYes) {
+    rig.ui.answers = {Answer::Yes};
+    SelectDefaultEditor(rig.context);
+    ExpectQuestion("Do you wish to use the .XML editor as your Default Editor?");
+    EXPECT_TRUE(rig.session.XmlEditorDefault);
+    EXPECT_EQ(rig.view.page, Page::Tree);
+}
+
+TEST_F(Options, SelectDefaultEditorTakesTheTextOnNo) {
+    rig.session.XmlEditorDefault = true;
+    rig.view.page = Page::Tree;
+    rig.ui.answers = {Answer::No};
+    SelectDefaultEditor(rig.context);
+    EXPECT_FALSE(rig.session.XmlEditorDefault);
+    EXPECT_EQ(rig.view.page, Page::Text);
+}
+
+TEST_F(Options, TheEditorForThisSessionLeavesTheDefaultAlone) {
+    UseXmlEditor(rig.context);
+    EXPECT_EQ(rig.session.SessionEditor, SessionEditor::Tree);
+    EXPECT_EQ(rig.view.page, Page::Tree);
+    EXPECT_EQ(rig.ui.EventRounds(), 1);
+    UseTamarindEditor(rig.context);
+    EXPECT_EQ(rig.session.SessionEditor, SessionEditor::Text);
+    EXPECT_EQ(rig.view.page, Page::Text);
+    EXPECT_FALSE(rig.session.XmlEditorDefault);
+    EXPECT_TRUE(rig.ui.Messages().empty());
+}
+
+} // namespace
+} // namespace tamarind::shell

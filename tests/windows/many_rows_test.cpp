@@ -1,0 +1,43 @@
+#include "windows/editor_window.h"
+
+#include <algorithm>
+
+namespace tamarind::tests {
+namespace {
+
+using std::chrono::steady_clock;
+
+constexpr unsigned kRows = 200'000;
+/// Longer ones are felt.
+constexpr milliseconds kLongestPause(200);
+
+std::string XmlOfManyRows() {
+    std::string xml = "<Rows>";
+    for (unsigned i = 0; i < kRows; ++i) xml += "<r/>";
+    return xml + "</Rows>";
+}
+
+class ManyRows : public EditorWindow {};
+
+TEST_F(ManyRows, AreFilledInWithoutALongPause) {
+    OpenWithTreeEditor();
+    const std::string file = folder_.Write("Rail Simulator\\rows.xml", XmlOfManyRows());
+    session_.CommandFile = file;
+    session_.UseCommandFile = true;
+    Choose("mnuOpenXCT");
+    const wxTreeItemId top = Tree().GetRootItem();
+    milliseconds longest(0);
+    auto last = steady_clock::now();
+    const bool filled = PumpUntil([&] {
+        const auto now = steady_clock::now();
+        longest = std::max(longest, std::chrono::duration_cast<milliseconds>(now - last));
+        last = now;
+        return Tree().GetChildrenCount(top, false) == kRows;
+    });
+    EXPECT_TRUE(filled);
+    EXPECT_LT(longest.count(), kLongestPause.count());
+    RecordProperty("LongestPauseMilliseconds", static_cast<int>(longest.count()));
+}
+
+} // namespace
+} // namespace tamarind::tests

@@ -1,0 +1,17 @@
+#include "windows/editor_window.h"
+#include "windows/file_box.h"
+
+namespace tamarind::tests {
+
+// The dialog knows a file only once it is on the screen and has read the file's folder.
+int ChooseInFileBox(wxFileDialog& box, const wxString& path) {
+    box.CallAfter([&box, path] {
+        box.SetPath(path);
+        const bool chosen = PumpUntil([&] { return box.GetPath() == path; });
+        EXPECT_TRUE(chosen) << "the dialog stays at " << box.GetPath();
+        box.EndModal(chosen ? wxID_OK : wxID_CANCEL);
+    });
+    return wxID_NONE;
+}
+
+} // namespace tamarind::tests
