@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Builds and runs the benchmarks; docs/performance.md keeps their figures.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+./scripts/install-packages.sh scripts/bench-packages.txt
+[ -e build/linux-bench/build.ninja ] || cmake --preset linux-bench >/dev/null
+cmake --build build/linux-bench
+build/linux-bench/bin/document_bench
+bench/compare_document.sh build/linux-bench/bin
+bench/compare_window.sh build/linux-bench/bin

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Runs every fuzz target for SECONDS (60) each; inputs that it finds stay in build/fuzz/corpus.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+[ -e build/fuzz/build.ninja ] || cmake --preset fuzz >/dev/null
+cmake --build build/fuzz
+for target in build/fuzz/bin/*_fuzz; do
+  name=$(basename "$target")
+  mkdir -p "build/fuzz/corpus/$name"
+  dictionary=()
+  [ "$name" = load_xml_fuzz ] && dictionary=(-dict=tests/fuzz/xml.dict)
+  echo "== $name"
+  "$target" -max_total_time="${1:-60}" -timeout=10 -print_final_stats=1 "${dictionary[@]}" \
+    -artifact_prefix=build/fuzz/ "build/fuzz/corpus/$name" 2>&1 | grep -E '^(stat::number_of|==.*ERROR|SUMMARY|Done)|artifact'
+done
