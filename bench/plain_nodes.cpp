@@ -36,9 +36,7 @@ void XMLCALL StartElement(void* data, const XML_Char* name, const XML_Char** att
     reader.open.back()->children.push_back(std::move(node));
     reader.open.push_back(added);
 }
-void XMLCALL EndElement(void* data, const XML_Char*) {
-    static_cast<Reader*>(data)->open.pop_back();
-}
+void XMLCALL EndElement(void* data, const XML_Char*) { static_cast<Reader*>(data)->open.pop_back(); }
 void XMLCALL Characters(void* data, const XML_Char* text, int length) {
     static_cast<Reader*>(data)->open.back()->text.append(text, static_cast<std::size_t>(length));
 }

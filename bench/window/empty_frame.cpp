@@ -11,7 +11,8 @@ public:
         auto* const frame = new wxFrame(nullptr, wxID_ANY, "Empty", wxPoint(40, 20), wxSize(1000, 700));
         // Something to see, where the probe looks for text.
         wxString text;
-        for (int line = 0; line < 40; ++line) text += "text text text text text text text text text text\n";
+        for (int line = 0; line < 40; ++line)
+            text += "text text text text text text text text text text\n";
         new wxStaticText(frame, wxID_ANY, text, wxPoint(20, 20));
         frame->Show();
         frame->CallAfter([frame] { frame->Move(40, 20); });

@@ -48,7 +48,8 @@ std::vector<unsigned long> Picture(Display* display, const Area& area) {
     std::vector<unsigned long> pixels;
     pixels.reserve(std::size_t{area.width} * area.height);
     for (int y = 0; y < image->height; ++y) {
-        for (int x = 0; x < image->width; ++x) pixels.push_back(XGetPixel(image, x, y));
+        for (int x = 0; x < image->width; ++x)
+            pixels.push_back(XGetPixel(image, x, y));
     }
     XDestroyImage(image);
     return pixels;
@@ -56,7 +57,8 @@ std::vector<unsigned long> Picture(Display* display, const Area& area) {
 
 bool HoldsText(const std::vector<unsigned long>& pixels) {
     std::unordered_map<unsigned long, std::size_t> counts;
-    for (const unsigned long pixel : pixels) ++counts[pixel];
+    for (const unsigned long pixel : pixels)
+        ++counts[pixel];
     std::size_t most = 0;
     unsigned long ground = 0;
     for (const auto& [pixel, count] : counts) {
@@ -71,7 +73,8 @@ bool HoldsText(const std::vector<unsigned long>& pixels) {
 
 bool HasChanged(const std::vector<unsigned long>& before, const std::vector<unsigned long>& now) {
     std::size_t changed = 0;
-    for (std::size_t i = 0; i < before.size(); ++i) changed += before[i] != now[i] ? 1 : 0;
+    for (std::size_t i = 0; i < before.size(); ++i)
+        changed += before[i] != now[i] ? 1 : 0;
     return changed > kChangedPixels;
 }
 
@@ -152,7 +155,8 @@ int Probe(const Area& area, const std::vector<std::string>& keys, char** command
 int main(int count, char** arguments) {
     int next = 5;
     std::vector<std::string> keys;
-    while (next < count && std::string(arguments[next]) != "--") keys.emplace_back(arguments[next++]);
+    while (next < count && std::string(arguments[next]) != "--")
+        keys.emplace_back(arguments[next++]);
     if (next + 1 >= count) {
         std::fputs("usage: window_probe X Y WIDTH HEIGHT [KEY ...] -- COMMAND [ARGUMENT ...]\n", stderr);
         return 2;

@@ -76,9 +76,7 @@ std::string Name(std::string_view folder, std::string_view path, std::string_vie
     return std::string(folder) + std::string(path) + std::string(ending);
 }
 
-std::string_view LastName(std::string_view path) {
-    return path.substr(path.rfind('/') + 1);
-}
+std::string_view LastName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
 
 std::string BlueprintXml(const Blueprint& blueprint) {
     XmlText xml("cBlueprintFile");

@@ -21,8 +21,6 @@ void GameTree::AddText(std::string_view name, std::string_view bytes) const {
     file.close();
 }
 
-void GameTree::AddBinary(std::string_view name, std::string_view xml) const {
-    AddText(name, EncodeBinary(xml));
-}
+void GameTree::AddBinary(std::string_view name, std::string_view xml) const { AddText(name, EncodeBinary(xml)); }
 
 } // namespace tamarind::samples

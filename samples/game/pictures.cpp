@@ -11,9 +11,7 @@ namespace {
 constexpr int kBlock = 4;
 using Block = std::array<Pixel, 16>;
 
-std::uint8_t Byte(int value) {
-    return static_cast<std::uint8_t>(std::clamp(value, 0, 255));
-}
+std::uint8_t Byte(int value) { return static_cast<std::uint8_t>(std::clamp(value, 0, 255)); }
 
 template <typename Colour> Picture Draw(int size, Colour colour) {
     Picture picture{size, size, {}};
@@ -45,9 +43,7 @@ template <typename Encode> std::string EncodeBlocks(const Picture& picture, Enco
     return bytes;
 }
 
-int Brightness(const Pixel& pixel) {
-    return 2 * pixel.red + 5 * pixel.green + pixel.blue;
-}
+int Brightness(const Pixel& pixel) { return 2 * pixel.red + 5 * pixel.green + pixel.blue; }
 
 /// Five bits red, six green, five blue.
 unsigned Packed(const Pixel& pixel) {
@@ -95,9 +91,7 @@ std::string AlphaBytes(const Block& block) {
 
 } // namespace
 
-const Pixel& Picture::At(int column, int row) const {
-    return pixels[static_cast<std::size_t>(row * width + column)];
-}
+const Pixel& Picture::At(int column, int row) const { return pixels[static_cast<std::size_t>(row * width + column)]; }
 
 Picture DrawBricks(int size) {
     return Draw(size, [size](int column, int row) {
@@ -142,9 +136,7 @@ Picture Halved(const Picture& picture) {
     return half;
 }
 
-std::string EncodeDxt1(const Picture& picture) {
-    return EncodeBlocks(picture, ColourBytes);
-}
+std::string EncodeDxt1(const Picture& picture) { return EncodeBlocks(picture, ColourBytes); }
 
 std::string EncodeDxt3(const Picture& picture) {
     return EncodeBlocks(picture, [](const Block& block) { return AlphaBytes(block) + ColourBytes(block); });

@@ -23,10 +23,7 @@ constexpr std::array<Route, 3> kRoutes{{
      {"", "Ligne du Bois Perdu", "Linea del Bosco Perduto", "", "L\xC3\xADnea del Bosque Perdido"},
      "47.1250",
      "3.5000"},
-    {kThornbyRoute,
-     {"Thornby & Marrow Junction", "", "", "Thornby und Marrow", ""},
-     "53.8750",
-     "-0.6250"},
+    {kThornbyRoute, {"Thornby & Marrow Junction", "", "", "Thornby und Marrow", ""}, "53.8750", "-0.6250"},
 }};
 
 void AddRecord(XmlText& xml, const Route& route) {
@@ -41,9 +38,7 @@ void AddRecord(XmlText& xml, const Route& route) {
 
 } // namespace
 
-std::string RouteFolder(std::string_view routeId) {
-    return "Content/Routes/" + std::string(routeId);
-}
+std::string RouteFolder(std::string_view routeId) { return "Content/Routes/" + std::string(routeId); }
 
 void AddRoutes(const GameTree& game) {
     XmlText catalogue("cRouteCatalogue");

@@ -45,9 +45,9 @@ constexpr std::array<Vehicle, 2> kMailTrain{{{"Otter 4", kOtter}, {"Mail Coach 7
 constexpr std::array<Vehicle, 2> kSidings{{{"Salt Van 310", kSaltVan}, {"", kSaltVan}}};
 
 constexpr std::array<Consist, 4> kMilkConsists{{{&kMilkService, kMilkTrain, true},
-                                               {&kMailService, kMailTrain, false},
-                                               {nullptr, kSidings, false},
-                                               {nullptr, {}, false}}};
+                                                {&kMailService, kMailTrain, false},
+                                                {nullptr, kSidings, false},
+                                                {nullptr, {}, false}}};
 constexpr std::array<Consist, 2> kMailConsists{{{nullptr, kSidings, false}, {&kMailService, kMailTrain, true}}};
 
 constexpr std::array<Scenario, 3> kScenarios{{

@@ -69,8 +69,7 @@ void AddTiles(const GameTree& game) {
 
     // A route without roads, and one with everything that it uses in place.
     game.AddBinary(RouteFolder(kBoisRoute) + "/Scenery/+000000+000000.bin", TileXml(kBoisScenery, "cSceneryEntity"));
-    game.AddBinary(RouteFolder(kBoisRoute) + "/Networks/Loft Tiles/+000000+000000.bin",
-                   TileXml(kLofts, "cLoftEntity"));
+    game.AddBinary(RouteFolder(kBoisRoute) + "/Networks/Loft Tiles/+000000+000000.bin", TileXml(kLofts, "cLoftEntity"));
     game.AddBinary(RouteFolder(kBoisRoute) + "/Networks/Tracks.bin", TracksXml());
     game.AddBinary(RouteFolder(kThornbyRoute) + "/Scenery/+000000+000000.bin",
                    TileXml(kSecondScenery, "cSceneryEntity"));

@@ -14,20 +14,11 @@ std::string Escaped(std::string_view text) {
     std::string result;
     for (const char character : text) {
         switch (character) {
-        case '&':
-            result += "&amp;";
-            break;
-        case '<':
-            result += "&lt;";
-            break;
-        case '>':
-            result += "&gt;";
-            break;
-        case '\'':
-            result += "&apos;";
-            break;
-        default:
-            result += character;
+        case '&': result += "&amp;"; break;
+        case '<': result += "&lt;"; break;
+        case '>': result += "&gt;"; break;
+        case '\'': result += "&apos;"; break;
+        default: result += character;
         }
     }
     return result;

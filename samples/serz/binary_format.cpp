@@ -71,9 +71,7 @@ std::string EncodeBinary(std::string_view xml) {
     return bytes;
 }
 
-bool IsBinary(std::string_view bytes) {
-    return bytes.starts_with(kMagic);
-}
+bool IsBinary(std::string_view bytes) { return bytes.starts_with(kMagic); }
 
 std::optional<std::string> DecodeBinary(std::string_view bytes) {
     if (!IsBinary(bytes) || bytes.size() < kHeaderSize || NumberAt(bytes, kVersionOffset, 4) != kVersion ||

@@ -28,8 +28,9 @@ void PrepareGame(EditorContext& context, const Arguments& arguments) {
         try {
             read(context);
         } catch (const text::RuntimeError& error) {
-            context.ui.Show({.text = error.Details().empty() ? error.Description()
-                                                             : error.Description() + "\r\n" + error.Details()});
+            context.ui.Show({.text = error.Details().empty()
+                                         ? error.Description()
+                                         : error.Description() + "\r\n" + platform::ForDisplay(error.Details())});
         }
     };
     step(shell::ReadSettings);
@@ -51,7 +52,8 @@ Result Open(EditorContext& context, const Arguments& arguments) {
     if (!OpenGameFile(context, arguments.file)) return {Outcome::Failed};
     const auto& session = context.session;
     const std::string xml = platform::ToNative(session.TempBase + "xml");
-    return {Outcome::Done, {{"xml", xml}, {"base", session.FileBaseName}, {"extension", session.RSFileExt}}, xml + "\n"};
+    return {
+        Outcome::Done, {{"xml", xml}, {"base", session.FileBaseName}, {"extension", session.RSFileExt}}, xml + "\n"};
 }
 
 Result Save(EditorContext& context, const Arguments& arguments) {
@@ -123,7 +125,8 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
     if (!Load(context, arguments.xml)) return {Outcome::Failed};
     Result result{Outcome::Done, ordered_json::object({{"rows", ordered_json::array()}})};
     document::Walk walk(context.document.document.Top());
-    while (const document::clsNode* node = walk.Next()) AddRow(result, *node, walk.Level(), arguments.json);
+    while (const document::clsNode* node = walk.Next())
+        AddRow(result, *node, walk.Level(), arguments.json);
     return result;
 }
 

@@ -41,8 +41,7 @@ const char* NameOf(Answer answer) {
 
 } // namespace
 
-std::string JsonReport(const std::string& command,
-                       const std::vector<platform::TerminalUserInterface::Shown>& messages,
+std::string JsonReport(const std::string& command, const std::vector<platform::TerminalUserInterface::Shown>& messages,
                        const ordered_json& result, const std::optional<text::RuntimeError>& error) {
     ordered_json report = {{"command", command}, {"messages", ordered_json::array()}, {"result", result}};
     for (const auto& [message, answer] : messages) {

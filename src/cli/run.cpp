@@ -6,6 +6,7 @@
 #include "platform/console.h"
 #include "platform/paths.h"
 #include "session/headless_view.h"
+#include "text/search.h"
 
 #include <istream>
 #include <ostream>
@@ -45,7 +46,9 @@ std::optional<std::string> AskPerson(std::istream& input) {
 
 void ShowError(std::ostream& messages, const text::RuntimeError& error) {
     messages << "Run-time error " << error.Number() << ": " << error.Description() << '\n';
-    if (!error.Details().empty()) messages << error.Details() << '\n';
+    if (!error.Details().empty()) {
+        messages << text::ReplaceAll(platform::ForDisplay(error.Details()), "\r\n", "\n") << '\n';
+    }
 }
 
 } // namespace

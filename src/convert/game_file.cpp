@@ -57,7 +57,7 @@ void KeepUnsaved(EditorContext& context, std::string (*keep)(EditorContext&), co
         if (!kept.empty()) context.ui.ShowStatus(what + " that was not saved is kept in " + platform::ForDisplay(kept));
     } catch (const RuntimeError& error) {
         context.ui.Show({.text = what + " that was not saved could not be kept in TempFiles: " + error.Description() +
-                                 "\r\n" + error.Details()});
+                                 "\r\n" + platform::ForDisplay(error.Details())});
     }
 }
 
@@ -164,8 +164,8 @@ std::string TakeConverted(EditorContext& context, const Target& target) {
     const std::string converted = target.tempBase + "bin";
     if (!platform::FileExists(files, converted)) {
         context.ui.ShowStatus("The converter wrote nothing: the game file is unchanged.");
-        throw RuntimeError(ErrorNumber::FileNotFound,
-                           "The converter did not write " + platform::ForDisplay(converted) + ". The game file is unchanged.");
+        throw RuntimeError(ErrorNumber::FileNotFound, "The converter did not write " + platform::ForDisplay(converted) +
+                                                          ". The game file is unchanged.");
     }
     if (text::EqualNoCase(target.extension, "bin")) return converted;
     const std::string renamed = target.tempBase + target.extension;
@@ -270,7 +270,8 @@ void SaveXmlTextAs(EditorContext& context) {
 
 bool OpenRailSimFileInTree(EditorContext& context) {
     if (!ChooseGameFile(context, GameFileDialog(context))) return false;
-    // Asked before anything is converted: the answer Yes writes to TempFiles, where the new file may bear the same name.
+    // Asked before anything is converted: the answer Yes writes to TempFiles, where the new file may bear the same
+    // name.
     if (!editors::MayDropChanges(context)) return false;
     const BusyPointer busy(context.ui);
     ShowChosenFile(context);

@@ -6,15 +6,18 @@
 #include "text/code_page.h"
 #include "text/runtime_error.h"
 
+#include <fmt/format.h>
+
 namespace tamarind::convert {
 namespace {
 
 constexpr int kMostNames = 9999;
 
 std::string FreeName(const platform::Files& files, const std::string& folder, const std::string& base) {
-    std::string path = folder + "\\" + base + "xml";
+    const std::string start = folder + "\\" + base;
+    std::string path = start + "xml";
     for (int number = 1; files.EntryExists(path) && number <= kMostNames; ++number) {
-        path = folder + "\\" + base + std::to_string(number) + ".xml";
+        path = fmt::format("{}{}.xml", start, number);
     }
     return path;
 }

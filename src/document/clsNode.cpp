@@ -39,9 +39,7 @@ Entry* Grown(ArrayPool& pool, Entry* items, std::size_t count, std::size_t oldCa
 
 } // namespace
 
-std::string KeyText(NodeKey key) {
-    return "nod" + std::to_string(key);
-}
+std::string KeyText(NodeKey key) { return "nod" + std::to_string(key); }
 
 NodeKey ParseKey(std::string_view keyText) {
     const bool hasPrefix = keyText.size() > 3 && text::EqualNoCase(keyText.substr(0, 3), "nod");
@@ -155,9 +153,7 @@ Document& Document::operator=(Document&& other) noexcept {
     return *this;
 }
 
-clsNode& Document::Top() const {
-    return root_->ChildNodes.Item(1);
-}
+clsNode& Document::Top() const { return root_->ChildNodes.Item(1); }
 
 clsNode& Document::AddNode(clsNode& parent, std::string_view name, std::string_view characters, NodeKey key) {
     clsNode& node = NewNode(name, characters, key);
@@ -210,7 +206,7 @@ clsNodeAttribute& Document::AddAttribute(clsNode& node, std::string_view name, s
     if (attributes.count_ == attributes.capacity_) {
         ReserveAttributes(node, std::max<std::size_t>(1, std::size_t{attributes.capacity_} * 2));
     }
-    clsNodeAttribute* const place = new (attributes.items_ + attributes.count_) clsNodeAttribute(added);
+    auto* const place = new (attributes.items_ + attributes.count_) clsNodeAttribute(added);
     ++attributes.count_;
     return *place;
 }
@@ -223,9 +219,7 @@ void Document::ReserveAttributes(clsNode& node, std::size_t count) {
     }
 }
 
-void Document::SetName(clsNode& node, std::string_view name) {
-    storage_->Change(node.NodeName, name);
-}
+void Document::SetName(clsNode& node, std::string_view name) { storage_->Change(node.NodeName, name); }
 
 void Document::SetCharacters(clsNode& node, std::string_view characters) {
     storage_->Change(node.NodeCharacters, characters);

@@ -93,8 +93,7 @@ private:
         return {description, XML_GetCurrentLineNumber(parser_.get()), XML_GetCurrentColumnNumber(parser_.get()) + 1};
     }
 
-    template <typename Action>
-    static void Guard(void* self, Action action) noexcept {
+    template <typename Action> static void Guard(void* self, Action action) noexcept {
         auto& parse = *static_cast<clsXMLParse*>(self);
         if (parse.failure_) {
             return;
@@ -143,8 +142,8 @@ void clsXMLParse::StartElement(const XML_Char* name, const XML_Char** attributes
         ++texts;
     }
     document_.ReserveAttributes(*current_, texts / 2);
-    for (std::size_t index = 0; index < texts; index += 2) {
-        document_.AddAttribute(*current_, attributes[index], attributes[index + 1]);
+    for (const char** pair = attributes; *pair != nullptr; pair += 2) {
+        document_.AddAttribute(*current_, pair[0], pair[1]);
     }
 }
 

@@ -29,8 +29,8 @@ void EmptyDocument(EditorContext& context) {
 }
 
 std::string ParseFailure(const std::string& path, const document::XmlError& error) {
-    return fmt::format("{}\r\ncannot be read as XML: {}.\r\nLine {}, column {}.", platform::ForDisplay(path), error.what(), error.Line(),
-                       error.Column());
+    return fmt::format("{}\r\ncannot be read as XML: {}.\r\nLine {}, column {}.", platform::ForDisplay(path),
+                       error.what(), error.Line(), error.Column());
 }
 
 } // namespace

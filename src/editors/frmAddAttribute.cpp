@@ -38,7 +38,8 @@ frmAddAttribute::frmAddAttribute(wxWindow* parent, platform::UserInterface& ui)
     outer->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, gap));
     outer->Add(CreateButtonSizer(wxOK | wxCANCEL), wxSizerFlags().Expand().Border(wxALL, gap));
     SetSizerAndFit(outer);
-    Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { cmdOK_Click(); }, wxID_OK);
+    Bind(
+        wxEVT_BUTTON, [this](wxCommandEvent&) { cmdOK_Click(); }, wxID_OK);
     txtName_->SetFocus();
     CentreOnParent();
 }

@@ -4,8 +4,7 @@ namespace tamarind::editors {
 
 PageState StateOfPages(const session::Session& session) {
     if (session.UsesTreeEditor()) {
-        return {.textCaption =
-                    "Warning: You are using XML editor, any changes you make on this page will not be saved",
+        return {.textCaption = "Warning: You are using XML editor, any changes you make on this page will not be saved",
                 .textWarns = true,
                 .treeCaption = "XML Editor",
                 .treeWarns = false,

@@ -71,7 +71,8 @@ void TextPage::SetUpEditor() {
     editor.StyleSetBackground(wxSTC_STYLE_DEFAULT, wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
     editor.StyleClearAll();
     editor.SetCaretForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
-    for (int margin = 0; margin < wxSTC_MAX_MARGIN; ++margin) editor.SetMarginWidth(margin, 0);
+    for (int margin = 0; margin < wxSTC_MAX_MARGIN; ++margin)
+        editor.SetMarginWidth(margin, 0);
     editor.SetMarginLeft(FromDIP(kGap));
     editor.SetTabWidth(kTabWidth);
     editor.SetScrollWidth(1);

@@ -70,7 +70,8 @@ void ClickRow(EditorContext& context, NodeKey key) {
     std::vector<std::string> names;
     std::string characters;
     if (const clsNode* node = context.document.SelectedNode) {
-        for (const auto& attribute : node->NodeAttributes) names.emplace_back(attribute.AttribName);
+        for (const auto& attribute : node->NodeAttributes)
+            names.emplace_back(attribute.AttribName);
         characters = node->NodeCharacters;
     }
     context.view.ShowAttributeNames(names);
@@ -216,8 +217,7 @@ void CopySelectedNode(EditorContext& context) {
 void PasteNode(EditorContext& context) {
     auto& open = context.document;
     if (open.SelectedNode == nullptr || open.clipboard.IsEmpty()) return;
-    const clsNode& copy =
-        document::CopyNode(open.clipboard.Top(), open.document, *open.SelectedNode, open.KeyCounter);
+    const clsNode& copy = document::CopyNode(open.clipboard.Top(), open.document, *open.SelectedNode, open.KeyCounter);
     context.view.AddRow(copy);
 }
 

@@ -63,17 +63,17 @@ wxSizer* TreePage::MakeTreeColumn(wxWindow* box, std::function<void()> popUp) {
                     "Label2");
     names->Add(label2_, wxSizerFlags(1));
     column->Add(names, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
-    rows_ = new TreeRows(box, {.clicked = [this](document::NodeKey key) {
-                                   run_([key](EditorContext& context) { ClickRow(context, key); });
-                               },
-                               .labelEdited =
-                                   [this](const std::string& name) {
-                                       bool accepted = false;
-                                       run_([&](EditorContext& context) { accepted = FinishLabelEdit(context, name); });
-                                       return accepted;
-                                   },
-                               .deleteKey = [this] { run_(DeleteNode); },
-                               .popUp = std::move(popUp)});
+    rows_ = new TreeRows(
+        box,
+        {.clicked = [this](document::NodeKey key) { run_([key](EditorContext& context) { ClickRow(context, key); }); },
+         .labelEdited =
+             [this](const std::string& name) {
+                 bool accepted = false;
+                 run_([&](EditorContext& context) { accepted = FinishLabelEdit(context, name); });
+                 return accepted;
+             },
+         .deleteKey = [this] { run_(DeleteNode); },
+         .popUp = std::move(popUp)});
     column->Add(rows_, wxSizerFlags(1).Expand());
     return column;
 }
@@ -91,7 +91,8 @@ wxSizer* TreePage::MakeAttributeFrame(wxWindow* box) {
     cmdDel_ = Named(new wxButton(fraAttribs_, wxID_ANY, "&Remove"), "cmdDel");
     cmdRename_ = Named(new wxButton(fraAttribs_, wxID_ANY, "R&ename"), "cmdRename");
     auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
-    for (wxButton* button : {cmdAdd_, cmdDel_, cmdRename_}) buttons->Add(button, wxSizerFlags(1).Border(wxRIGHT, gap));
+    for (wxButton* button : {cmdAdd_, cmdDel_, cmdRename_})
+        buttons->Add(button, wxSizerFlags(1).Border(wxRIGHT, gap));
     frame->Add(lblNames_, wxSizerFlags().Border(wxLEFT | wxTOP, gap));
     frame->Add(lstAttributes_, wxSizerFlags(1).Expand().Border(wxALL, gap));
     frame->Add(lblValue_, wxSizerFlags().Border(wxLEFT, gap));
@@ -163,9 +164,9 @@ void TreePage::ShowState(const PageState& state) {
 }
 
 void TreePage::EnableAttributeArea(bool enabled) {
-    for (wxWindow* control : std::initializer_list<wxWindow*>{fraAttribs_, lblNames_, lblValue_, txtAttributeValue_,
-                                                              fraChars_, txtCharacters_, lblText_, cmdAdd_, cmdDel_,
-                                                              lstAttributes_, cmdRename_}) {
+    for (wxWindow* control :
+         std::initializer_list<wxWindow*>{fraAttribs_, lblNames_, lblValue_, txtAttributeValue_, fraChars_,
+                                          txtCharacters_, lblText_, cmdAdd_, cmdDel_, lstAttributes_, cmdRename_}) {
         control->Enable(enabled);
     }
     if (enabled) return;
@@ -182,7 +183,8 @@ void TreePage::EnableAttributeEditing(bool enabled) {
 
 void TreePage::ShowAttributeNames(const std::vector<std::string>& names) {
     wxArrayString shown;
-    for (const std::string& name : names) shown.Add(ToWx(name));
+    for (const std::string& name : names)
+        shown.Add(ToWx(name));
     lstAttributes_->Set(shown);
 }
 

@@ -109,7 +109,8 @@ void TreeRows::RemoveNode(const clsNode& node) {
     // The row's own and its descendants' pending children go with it.
     std::erase_if(filling_, [&](const Filling& filling) {
         wxTreeItemId above = filling.row;
-        while (above.IsOk() && above != row) above = GetItemParent(above);
+        while (above.IsOk() && above != row)
+            above = GetItemParent(above);
         return above.IsOk();
     });
     if (Filling* const filling = FillingOf(parent)) --filling->nextChild;
@@ -130,14 +131,16 @@ void TreeRows::EditNode(const clsNode& node) {
 
 wxTreeItemId TreeRows::RowOf(const clsNode& node) {
     std::vector<const clsNode*> path;
-    for (const clsNode* step = &node; step->ParentNode != nullptr; step = step->ParentNode) path.push_back(step);
+    for (const clsNode* step = &node; step->ParentNode != nullptr; step = step->ParentNode)
+        path.push_back(step);
     wxTreeItemId row = GetRootItem();
     if (path.empty() || !row.IsOk() || NodeOf(row) != path.back()) return {};
     for (auto step = path.rbegin() + 1; step != path.rend(); ++step) {
         FillUpTo(row, **step);
         wxTreeItemIdValue cookie = nullptr;
         wxTreeItemId child = GetFirstChild(row, cookie);
-        while (child.IsOk() && NodeOf(child) != *step) child = GetNextChild(row, cookie);
+        while (child.IsOk() && NodeOf(child) != *step)
+            child = GetNextChild(row, cookie);
         if (!child.IsOk()) return {};
         row = child;
     }
@@ -147,8 +150,7 @@ wxTreeItemId TreeRows::RowOf(const clsNode& node) {
 wxTreeItemId TreeRows::Append(const wxTreeItemId& parent, const clsNode& node) {
     const wxString name = ToWx(node.NodeName);
     auto* const data = new RowData(node);
-    const wxTreeItemId row =
-        parent.IsOk() ? AppendItem(parent, name, -1, -1, data) : AddRoot(name, -1, -1, data);
+    const wxTreeItemId row = parent.IsOk() ? AppendItem(parent, name, -1, -1, data) : AddRoot(name, -1, -1, data);
     if (node.ChildNodes.Count() > 0) SetItemHasChildren(row);
     return row;
 }
@@ -229,7 +231,7 @@ void TreeRows::OnIdle(wxIdleEvent& event) {
     if (!filling_.empty()) event.RequestMore();
 }
 
-void TreeRows::OnEndLabelEdit(wxTreeEvent& event) {
+void TreeRows::OnEndLabelEdit(wxTreeEvent& event) const {
     if (event.IsEditCancelled()) return;
     if (!handlers_.labelEdited(platform::FromWx(event.GetLabel()))) event.Veto();
 }

@@ -44,7 +44,7 @@ private:
     void OnExpanding(wxTreeEvent& event);
     void OnBeginLabelEdit(wxTreeEvent& event);
     void OnLeftDown(wxMouseEvent& event);
-    void OnEndLabelEdit(wxTreeEvent& event);
+    void OnEndLabelEdit(wxTreeEvent& event) const;
     void OnKey(wxTreeEvent& event);
     void OnItemMenu(wxTreeEvent& event);
     void OnRightUp(wxMouseEvent& event);
@@ -63,7 +63,7 @@ private:
     void Click(const wxTreeItemId& row);
 
     Handlers handlers_;
-    wxTreeItemId clicked_; ///< the row that the handlers know of
+    wxTreeItemId clicked_;        ///< the row that the handlers know of
     std::deque<Filling> filling_; ///< rows whose children are not all there yet
     bool isChanging_ = false;     ///< the program itself changes rows: selection events do not count
 };

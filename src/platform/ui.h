@@ -22,7 +22,7 @@ struct Message {
 struct FileDialog {
     bool save = false;
     std::string title = {};
-    std::string filter = {}; ///< "Text|*.a;*.b", pairs separated by "|"; the first pair is chosen
+    std::string filter = {};      ///< "Text|*.a;*.b", pairs separated by "|"; the first pair is chosen
     std::string startFolder = {}; ///< empty: where the last dialog ended
     std::string defaultExtension = {};
     bool confirmsOverwriting = false; ///< a save dialog asks itself before an existing file is chosen
@@ -39,8 +39,7 @@ public:
     /// The chosen path; empty when the dialog was cancelled.
     virtual std::string AskForFile(const FileDialog& dialog) = 0;
     /// The entered text; empty when cancelled or left empty.
-    virtual std::string AskForText(const std::string& prompt, const std::string& title,
-                                   const std::string& preset) = 0;
+    virtual std::string AskForText(const std::string& prompt, const std::string& title, const std::string& preset) = 0;
 
     /// The hourglass pointer; calls nest.
     virtual void SetBusy(bool busy) = 0;

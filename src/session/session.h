@@ -11,21 +11,21 @@ enum class SessionEditor : std::int16_t { Default = 0, Text = 1, Tree = 2 };
 
 /// The settings and state of one run, made by main() and handed down.
 struct Session {
-    std::string ProgramFolder;     ///< holds "preferences.txt", TempFiles and all else that the program writes
-    std::string RailSimPath;       ///< the game folder, without a trailing "\"
+    std::string ProgramFolder; ///< holds "preferences.txt", TempFiles and all else that the program writes
+    std::string RailSimPath;   ///< the game folder, without a trailing "\"
     std::string TextureEditorPath;
     std::string ViewerPath;
     bool XmlEditorDefault = false; ///< the tree editor is the default editor
     session::SessionEditor SessionEditor = SessionEditor::Default;
-    std::string CommandFile;       ///< the file to open next
-    bool UseCommandFile = false;   ///< the next open command takes CommandFile without asking
+    std::string CommandFile;     ///< the file to open next
+    bool UseCommandFile = false; ///< the next open command takes CommandFile without asking
     bool RSFileLoaded = false;
-    std::string RSFileExt;         ///< of the open game file, without the dot
+    std::string RSFileExt; ///< of the open game file, without the dot
     /// Set when "preferences.txt" could not be understood: it is kept under a backup name before it is written again.
     bool preferencesUnreadable = false;
 
-    std::string FileBaseName;      ///< the open game file's name up to and including its last dot
-    std::string TempBase;          ///< FileBaseName in TempFiles: + "bin" is the working copy, + "xml" its XML
+    std::string FileBaseName; ///< the open game file's name up to and including its last dot
+    std::string TempBase;     ///< FileBaseName in TempFiles: + "bin" is the working copy, + "xml" its XML
 
     std::vector<std::string> convertingBases; ///< TempBase of each game file that is being converted now
 

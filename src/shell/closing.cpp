@@ -21,7 +21,8 @@ void KeepSettings(EditorContext& context) {
     try {
         WritePreferences(context.platform.files, context.session, context.view.CurrentGeometry());
     } catch (const RuntimeError& error) {
-        context.ui.Show({.text = "The settings could not be saved: " + error.Description() + "\r\n" + error.Details()});
+        context.ui.Show({.text = "The settings could not be saved: " + error.Description() + "\r\n" +
+                                 platform::ForDisplay(error.Details())});
     }
 }
 
@@ -55,11 +56,10 @@ bool SaveBeforeClosing(EditorContext& context) {
 bool MayClose(EditorContext& context) {
     KeepSettings(context);
     if (context.document.isModified) {
-        const Answer answer =
-            context.ui.Show({.text = "The file has been modified, do you wish to save the changes?",
-                             .icon = Icon::Question,
-                             .title = "File Modified",
-                             .buttons = Buttons::YesNoCancel});
+        const Answer answer = context.ui.Show({.text = "The file has been modified, do you wish to save the changes?",
+                                               .icon = Icon::Question,
+                                               .title = "File Modified",
+                                               .buttons = Buttons::YesNoCancel});
         if (answer == Answer::Cancel) return false;
         if (answer == Answer::Yes && !SaveBeforeClosing(context)) return false;
     }
@@ -70,7 +70,8 @@ bool MayClose(EditorContext& context) {
 
 void ReportFatalError(EditorContext& context, const RuntimeError& error) {
     std::string text = fmt::format("Run-time error '{}':\r\n\r\n{}", error.Number(), error.Description());
-    for (const std::string& paragraph : {error.Details(), KeepText(context), KeepDocument(context)}) {
+    for (const std::string& paragraph :
+         {platform::ForDisplay(error.Details()), KeepText(context), KeepDocument(context)}) {
         if (!paragraph.empty()) text += "\r\n\r\n" + paragraph;
     }
     context.ui.Show({.text = text + "\r\n\r\nTamarind ends now.", .icon = Icon::Critical});

@@ -19,7 +19,6 @@ namespace tamarind::shell {
 
 using platform::ToWx;
 using session::EditorContext;
-using session::Page;
 
 namespace {
 
@@ -28,9 +27,7 @@ const wxSize kDesignSize(1000, 700);
 
 } // namespace
 
-int frmEditor::IdOf(const MenuItem& item) {
-    return kFirstItemId + static_cast<int>(&item - MenuItems().data());
-}
+int frmEditor::IdOf(const MenuItem& item) { return kFirstItemId + static_cast<int>(&item - MenuItems().data()); }
 
 frmEditor::frmEditor(session::Session& session, const platform::Platform& platform)
     : wxFrame(nullptr, wxID_ANY, kDesignCaption, wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE, "frmEditor"),

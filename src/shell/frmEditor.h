@@ -92,7 +92,7 @@ private:
     wxRect normalPlace_; ///< where the window is when neither maximised nor minimised
 
     int runningCommands_ = 0;
-    bool isWaiting_ = false;     ///< for an outside program
+    bool isWaiting_ = false; ///< for an outside program
     bool closesAfterwards_ = false;
     bool stopsProgram_ = false;
     bool hasFailed_ = false;

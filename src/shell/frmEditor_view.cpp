@@ -74,7 +74,9 @@ void frmEditor::ShowWindow() {
     });
 }
 
-void frmEditor::CloseWindow() { CallAfter([this] { Close(); }); }
+void frmEditor::CloseWindow() {
+    CallAfter([this] { Close(); });
+}
 
 void frmEditor::SetEditorText(const std::string& text) { textPage_->SetText(text); }
 

@@ -27,14 +27,10 @@ bool CanChangeNode(const EditorContext& context) {
 }
 
 constexpr std::array kMenus = {
-    Menu{"mnuFileS", "Files"},
-    Menu{"mnuFile", "Files"},
-    Menu{"mnuNodePopUp", "Nodes"},
-    Menu{"mnuSearch", "Search Tamarind Editor"},
-    Menu{"mnuConv", "Conversions"},
-    Menu{"mnuTools", "Tools"},
-    Menu{"mnuEB", "Easy Blueprints"},
-    Menu{"mnuOpt", "Options"},
+    Menu{"mnuFileS", "Files"},        Menu{"mnuFile", "Files"},
+    Menu{"mnuNodePopUp", "Nodes"},    Menu{"mnuSearch", "Search Tamarind Editor"},
+    Menu{"mnuConv", "Conversions"},   Menu{"mnuTools", "Tools"},
+    Menu{"mnuEB", "Easy Blueprints"}, Menu{"mnuOpt", "Options"},
     Menu{"mnuHelp", "Help"},
 };
 

@@ -21,8 +21,8 @@ bool Ask(EditorContext& context, const char* question) {
 
 void SelectRailSimPath(EditorContext& context) {
     if (!Ask(context, "Use this option to select your Rail Simulator\r\npath.")) return;
-    context.session.RailSimPath = context.ui.AskForFile(
-        {.title = "Select your RailSim.exe File", .filter = "RailSim Files (*.exe)|*.exe"});
+    context.session.RailSimPath =
+        context.ui.AskForFile({.title = "Select your RailSim.exe File", .filter = "RailSim Files (*.exe)|*.exe"});
     if (context.session.RailSimPath.empty()) return;
     context.session.RailSimPath = platform::FolderOf(context.session.RailSimPath);
     context.view.SetCaption(context.view.Caption() + VersionCaption(context.session));

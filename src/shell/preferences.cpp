@@ -86,10 +86,9 @@ Preferences ParsePreferences(std::string_view bytes) {
 
 std::string FormatPreferences(const Preferences& preferences) {
     const auto& window = preferences.window;
-    const std::string line = fmt::format(
-        "{},{},{},{},\"{}\",\"{}\",\"{}\",{}\r\n", window.width, window.height, window.top, window.left,
-        preferences.textureEditorPath, preferences.viewerPath, preferences.railSimPath,
-        preferences.xmlEditorDefault ? "#TRUE#" : "#FALSE#");
+    const std::string line = fmt::format("{},{},{},{},\"{}\",\"{}\",\"{}\",{}\r\n", window.width, window.height,
+                                         window.top, window.left, preferences.textureEditorPath, preferences.viewerPath,
+                                         preferences.railSimPath, preferences.xmlEditorDefault ? "#TRUE#" : "#FALSE#");
     return text::FitsCodePage(line) ? text::ToCodePage(line) : std::string(kByteOrderMark) + line;
 }
 

@@ -26,7 +26,7 @@ void Step(EditorContext& context, const std::function<void()>& step) {
     try {
         step();
     } catch (const text::RuntimeError& error) {
-        const std::string details = error.Details().empty() ? "" : "\r\n" + error.Details();
+        const std::string details = error.Details().empty() ? "" : "\r\n" + platform::ForDisplay(error.Details());
         context.ui.Show({.text = error.Description() + details});
     }
 }
@@ -68,7 +68,8 @@ void OpenCommandFile(EditorContext& context) {
 } // namespace
 
 std::string VersionCaption(const session::Session& session) {
-    return "  Version " TAMARIND_VERSION "   Rail Simulator path in use is - " + platform::ForDisplay(session.RailSimPath);
+    return "  Version " TAMARIND_VERSION "   Rail Simulator path in use is - " +
+           platform::ForDisplay(session.RailSimPath);
 }
 
 OpenCommand CommandForFile(const std::string& path, bool xmlEditorDefault) {

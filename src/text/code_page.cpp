@@ -8,10 +8,10 @@ namespace tamarind::text {
 namespace {
 
 // Windows-1252 differs from Latin-1 in these 32 places only.
-constexpr std::array<char16_t, 32> kHighControls = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D,
-    0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A,
-    0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::array<char16_t, 32> kHighControls = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 constexpr int kNoByte = -1;
 
@@ -31,7 +31,8 @@ std::size_t AsciiPrefix(std::string_view text) {
         std::memcpy(&bytes, text.data() + length, sizeof bytes);
         if ((bytes & kHighBits) != 0) break;
     }
-    while (length < text.size() && IsAscii(text[length])) ++length;
+    while (length < text.size() && IsAscii(text[length]))
+        ++length;
     return length;
 }
 

@@ -28,7 +28,7 @@ RuntimeError::RuntimeError(ErrorNumber number, std::string details)
     : std::runtime_error(text::Description(number)), number_(number), details_(std::move(details)) {}
 
 RuntimeError RuntimeError::With(const std::string& sentence) const {
-    return RuntimeError(number_, details_.empty() ? sentence : details_ + " " + sentence);
+    return RuntimeError(number_, details_.empty() ? sentence : details_ + "\r\n" + sentence);
 }
 
 } // namespace tamarind::text

@@ -38,7 +38,7 @@ public:
     [[nodiscard]] std::string Description() const { return what(); }
     [[nodiscard]] const std::string& Details() const { return details_; }
 
-    /// The same error with one more sentence in its details.
+    /// The same error with one more line (after CR LF) in its details.
     [[nodiscard]] RuntimeError With(const std::string& sentence) const;
 
 private:

@@ -23,8 +23,8 @@ char32_t LowerOf(char32_t c) {
     if (c == 0x178) return 0xFF;
     if (c == 0x130) return 'i';
     const bool evenCapitals = (c >= 0x100 && c <= 0x137) || (c >= 0x14A && c <= 0x177) || (c >= 0x460 && c <= 0x481) ||
-                              (c >= 0x48A && c <= 0x4BF) || (c >= 0x4D0 && c <= 0x52F) || (c >= 0x1E00 && c <= 0x1E95) ||
-                              (c >= 0x1EA0 && c <= 0x1EFF);
+                              (c >= 0x48A && c <= 0x4BF) || (c >= 0x4D0 && c <= 0x52F) ||
+                              (c >= 0x1E00 && c <= 0x1E95) || (c >= 0x1EA0 && c <= 0x1EFF);
     if (evenCapitals) return c % 2 == 0 ? c + 1 : c;
     const bool oddCapitals = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
     if (oddCapitals) return c % 2 == 1 ? c + 1 : c;

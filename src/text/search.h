@@ -14,7 +14,8 @@ namespace tamarind::text {
 [[nodiscard]] std::size_t Find(std::string_view text, std::string_view key, std::size_t start = 1);
 
 /// Position of the last `key` that ends at or before `end`; 0 when there is none, or when `end` is 0.
-[[nodiscard]] std::size_t FindLast(std::string_view text, std::string_view key, std::size_t end = std::string_view::npos);
+[[nodiscard]] std::size_t FindLast(std::string_view text, std::string_view key,
+                                   std::size_t end = std::string_view::npos);
 
 /// The `length` bytes from position `start`, fewer where the text ends earlier.
 /// Throws InvalidProcedureCall when `start` is below 1 or `length` is negative.

@@ -9,8 +9,10 @@ namespace tamarind::tests {
 using samples::Utf8;
 
 CliTest::CliTest()
-    : program_(samples::ProgramFolder() / CLI_NAME), kit_(Path("Kit")), game_(Path("Game")),
-      track_(game_ / "Track.XSec") {
+    : program_(Path("Bin") / CLI_NAME), kit_(Path("Kit")), game_(Path("Game")), track_(game_ / "Track.XSec") {
+    // Away from the converter of the build, which some systems would find beside the program.
+    fs::create_directories(program_.parent_path());
+    fs::copy_file(samples::ProgramFolder() / CLI_NAME, program_);
     fs::create_directories(kit_);
     fs::create_directories(game_);
     fs::copy_file(samples::ProgramFolder() / SERZ_NAME, kit_ / "serz.exe");

@@ -48,13 +48,11 @@ TEST_F(Cli, OpenConvertsIntoTempFiles) {
 
 TEST_F(Cli, OpenReportsXmlBaseAndExtension) {
     const json report = RunJson({"open", Utf8(track_)}, 0);
-    const json expected = {{"command", "open"},
-                           {"messages", json::array()},
-                           {"result",
-                            {{"xml", Shown(kit_ / "TempFiles" / "Track.xml")},
-                             {"base", "Track."},
-                             {"extension", "XSec"}}},
-                           {"error", nullptr}};
+    const json expected = {
+        {"command", "open"},
+        {"messages", json::array()},
+        {"result", {{"xml", Shown(kit_ / "TempFiles" / "Track.xml")}, {"base", "Track."}, {"extension", "XSec"}}},
+        {"error", nullptr}};
     EXPECT_EQ(report, expected);
 }
 
@@ -122,8 +120,8 @@ TEST_F(Cli, TheProgramsConverterComesBeforeTheGamesAndThatBeforeTheSearchPath) {
     spoil(Path("Elsewhere"));
     const Environment path = {{"PATH", Utf8(Path("Elsewhere"))}};
     EXPECT_EQ(Run({"open", Utf8(track_)}, path).exitCode, 0);
-    fs::copy_file(kit_ / "serz.exe", game_ / "serz.exe", fs::copy_options::overwrite_existing);
-    fs::remove(kit_ / "serz.exe");
+    fs::remove(game_ / "serz.exe");
+    fs::rename(kit_ / "serz.exe", game_ / "serz.exe");
     EXPECT_EQ(Run({"open", Utf8(track_)}, path).exitCode, 0);
     fs::remove(game_ / "serz.exe");
     EXPECT_EQ(Run({"open", Utf8(track_)}, path).exitCode, 1);
@@ -144,8 +142,7 @@ TEST_F(Cli, SaveAsTextNamesFileAndBackup) {
     const Ran ran = Run({"save", Utf8(track_), Utf8(Path("new.xml"))});
     EXPECT_EQ(ran.exitCode, 0);
     EXPECT_EQ(ran.output, Utf8(track_) + "\t" + Shown(game_ / "Track.XSec.bak") + "\n");
-    EXPECT_EQ(ran.errors,
-              "Saved " + Shown(track_) + ", old content in " + Shown(game_ / "Track.XSec.bak") + "\n");
+    EXPECT_EQ(ran.errors, "Saved " + Shown(track_) + ", old content in " + Shown(game_ / "Track.XSec.bak") + "\n");
 }
 
 TEST_F(Cli, SaveTakesTheXmlThatOpeningOverwrites) {
@@ -218,8 +215,7 @@ TEST_F(Cli, SaveReplacesAReadOnlyOriginalAsARenameWould) {
 TEST_F(Cli, KilledWhileTheConverterRunsLeavesTheGameFile) {
     WriteFile(Path("new.xml"), kNewXml);
     EXPECT_EQ(Run({"open", Utf8(track_)}).exitCode, 0);
-    samples::ChildProgram child(program_,
-                                {"--program-dir", Utf8(kit_), "save", Utf8(track_), Utf8(Path("new.xml"))},
+    samples::ChildProgram child(program_, {"--program-dir", Utf8(kit_), "save", Utf8(track_), Utf8(Path("new.xml"))},
                                 {{"TAMARIND_SERZ_DELAY_MS", "1500"}, {"TAMARIND_SERZ_LOG", Utf8(Path("log"))}},
                                 {{}, Path("output"), Path("errors")});
     // The second run of the converter is the one back.
@@ -295,16 +291,13 @@ TEST_F(Cli, TreeListsTheRows) {
 TEST_F(Cli, TreeReportsTheRows) {
     WriteFile(Path("a.xml"), "<A><B x='1' d:y='2'>caf\xC3\xA9</B></A>");
     const json report = RunJson({"tree", Utf8(Path("a.xml"))}, 0);
-    const json expected = {{{"key", "nod1"},
-                            {"level", 1},
-                            {"name", "A"},
-                            {"attributes", json::array()},
-                            {"characters", ""}},
-                           {{"key", "nod2"},
-                            {"level", 2},
-                            {"name", "B"},
-                            {"attributes", json::array({json::array({"x", "1"}), json::array({"d:y", "2"})})},
-                            {"characters", "café"}}};
+    const json expected = {
+        {{"key", "nod1"}, {"level", 1}, {"name", "A"}, {"attributes", json::array()}, {"characters", ""}},
+        {{"key", "nod2"},
+         {"level", 2},
+         {"name", "B"},
+         {"attributes", json::array({json::array({"x", "1"}), json::array({"d:y", "2"})})},
+         {"characters", "café"}}};
     EXPECT_EQ(report["result"]["rows"], expected);
 }
 
@@ -319,7 +312,8 @@ TEST_F(Cli, TakesUnicodeNames) {
 
 TEST_F(Cli, TakesLongPaths) {
     fs::path folder = game_;
-    for (int depth = 0; depth < 12; ++depth) folder /= "a folder with a long name";
+    for (int depth = 0; depth < 12; ++depth)
+        folder /= "a folder with a long name";
     fs::create_directories(samples::Reachable(folder));
     const fs::path file = folder / "Track.XSec";
     ASSERT_GT(Utf8(file).size(), 300U);

@@ -358,8 +358,7 @@ TEST_F(OpenGameFile, AnUnsavedDocumentMakesRoomInRecoveredWhereNothingIsAsked) {
     NextPath(folder.Write("Game\\a.xml", "<A/>"));
     OpenXmlFile(rig.context);
     EXPECT_EQ(Tree(), "1:A()");
-    EXPECT_EQ(Temp("Recovered\\Track.xml"),
-              "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Top>typed</Top>\r\n");
+    EXPECT_EQ(Temp("Recovered\\Track.xml"), "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Top>typed</Top>\r\n");
 }
 
 TEST_F(OpenGameFile, TakesUnicodeNames) {
@@ -372,7 +371,8 @@ TEST_F(OpenGameFile, TakesUnicodeNames) {
 
 TEST_F(OpenGameFile, TakesLongPaths) {
     std::string name;
-    while (name.size() < 300) name += "a folder with a long name\\";
+    while (name.size() < 300)
+        name += "a folder with a long name\\";
     const std::string path = NextFile(name + "Track.bin", "<Top>x</Top>");
     EXPECT_GT(path.size(), 300U);
     EXPECT_TRUE(OpenRailSimFile(rig.context));

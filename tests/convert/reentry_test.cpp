@@ -47,7 +47,8 @@ protected:
     }
     /// Puts the state before the save back.
     void StartAgain() {
-        for (const std::string& name : GameNames()) folder.Disk().Remove(folder / ("Game\\" + name));
+        for (const std::string& name : GameNames())
+            folder.Disk().Remove(folder / ("Game\\" + name));
         rig.ui.onEvents = nullptr;
         NextFile("A.XSec", "<A>old</A>");
         OpenRailSimFileInTree(rig.context);

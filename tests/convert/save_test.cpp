@@ -199,7 +199,8 @@ TEST_F(SaveGameFile, WritesToThePathThatIsShown) {
 
 TEST_F(SaveGameFile, KeepsAllBytesThereAndBack) {
     std::string bytes;
-    for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+    for (int byte = 0; byte < 256; ++byte)
+        bytes += static_cast<char>(byte);
     OpenNext("Track.XSec", bytes);
     EXPECT_TRUE(SaveRailSimFile(rig.context).done);
     EXPECT_EQ(Game("Track.XSec"), tests::GameFile(bytes));
@@ -215,7 +216,8 @@ TEST_F(SaveGameFile, TakesUnicodeNames) {
 
 TEST_F(SaveGameFile, TakesLongPaths) {
     std::string name;
-    while (name.size() < 300) name += "a folder with a long name\\";
+    while (name.size() < 300)
+        name += "a folder with a long name\\";
     OpenNext(name + "Track.XSec", "<Top>old</Top>");
     rig.view.TypeText("<Top>new</Top>");
     EXPECT_TRUE(SaveRailSimFile(rig.context).done);
@@ -307,9 +309,8 @@ TEST_F(SaveXml, ThatFailsIsToldAndTheTextStaysUnsaved) {
     rig.view.TypeText("text");
     rig.ui.filePaths = {folder / "missing\\a.xml"};
     SaveXmlText(rig.context);
-    EXPECT_THAT(rig.ui.MessageTexts(),
-                ElementsAre("Path not found occurred in WriteUniFile while processing\r\nfile " +
-                            (folder / "missing\\a.xml")));
+    EXPECT_THAT(rig.ui.MessageTexts(), ElementsAre("Path not found occurred in WriteUniFile while processing\r\nfile " +
+                                                   (folder / "missing\\a.xml")));
     EXPECT_TRUE(rig.view.isTextModified);
 }
 

@@ -21,8 +21,7 @@ int& FaultCount() {
     return count;
 }
 
-FaultyKit::FaultyKit(Fault fault)
-    : files(folder.Disk(), fault), rig(files, folder / "Kit"), converter(folder.Disk()) {
+FaultyKit::FaultyKit(Fault fault) : files(folder.Disk(), fault), rig(files, folder / "Kit"), converter(folder.Disk()) {
     folder.MakeFolder("Kit\\TempFiles");
     folder.MakeFolder("Game");
     rig.processes.run = [this](const platform::ProcessStart& start) { converter(start); };

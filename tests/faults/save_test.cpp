@@ -11,8 +11,7 @@ namespace {
 using testing::HasSubstr;
 
 constexpr int kWays = 8; // four kinds of fault, each once and for ever
-constexpr const char* kTidyXml =
-    "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Top>new text that is longer</Top>\r\n";
+constexpr const char* kTidyXml = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Top>new text that is longer</Top>\r\n";
 
 /// Which description the person must have read.
 const char* DescriptionOf(FaultKind kind) {

@@ -12,7 +12,9 @@ using testing::HasSubstr;
 constexpr int kWays = 8;
 constexpr const char* kOld = "1,2,3,4,\"\",\"\",\"C:\\Old\",#TRUE#\r\n";
 
-std::string New(const FaultyKit& kit) { return "0,0,0,0,\"\",\"\",\"" + kit.rig.session.RailSimPath + "\",#FALSE#\r\n"; }
+std::string New(const FaultyKit& kit) {
+    return "0,0,0,0,\"\",\"\",\"" + kit.rig.session.RailSimPath + "\",#FALSE#\r\n";
+}
 
 void CloseAndCheck(FaultyKit& kit, FaultRun& run, const std::string& old) {
     kit.rig.session.RailSimPath = "C:\\New";

@@ -43,8 +43,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                          arguments.command == "tree";
     Require(isKnown && parsed.message.empty());
     // What a command works on was among the words.
-    const std::string& path = arguments.command == "open" || arguments.command == "save" ? arguments.file
-                                                                                          : arguments.xml;
+    const std::string& path =
+        arguments.command == "open" || arguments.command == "save" ? arguments.file : arguments.xml;
     Require(std::find(words.begin(), words.end(), path) != words.end());
     return 0;
 }

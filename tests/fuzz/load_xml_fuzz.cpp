@@ -42,8 +42,7 @@ void CheckWriting(const document::Document& loaded) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     try {
-        const document::Document loaded =
-            document::ParseXml({reinterpret_cast<const char*>(data), size});
+        const document::Document loaded = document::ParseXml({reinterpret_cast<const char*>(data), size});
         CheckTree(loaded);
         CheckWriting(loaded);
     } catch (const document::XmlError& error) {

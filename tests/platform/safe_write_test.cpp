@@ -228,7 +228,7 @@ TEST(ReplaceGameFile, WithoutTheNewFileChangesNothing) {
     const auto error = ErrorOf([&] { ReplaceGameFile(game.Disk(), game.original, game / "no.bin"); });
     ASSERT_TRUE(error);
     EXPECT_EQ(error->Number(), 53);
-    EXPECT_EQ(error->Details(), (game / "no.bin") + " The game file is unchanged.");
+    EXPECT_EQ(error->Details(), (game / "no.bin") + "\r\nThe game file is unchanged.");
     EXPECT_EQ(game.Read("Track.bin"), "old");
     EXPECT_THAT(game.Names(), ElementsAre("new.bin", "Track.bin"));
 }

@@ -10,7 +10,7 @@
 
 namespace tamarind::samples {
 
-using Arguments = std::vector<std::string>;               ///< UTF-8
+using Arguments = std::vector<std::string>;             ///< UTF-8
 using Environment = std::map<std::string, std::string>; ///< added to this program's own; UTF-8
 
 /// Where a program runs and where its streams go; empty is as this program's own.

@@ -38,9 +38,7 @@ protected:
         rig.document.document.SetCharacters(rig.document.document.Top(), "new");
         editors::SetModified(rig.context, true);
     }
-    std::string Written() {
-        return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Top>new</Top>\r\n";
-    }
+    std::string Written() { return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Top>new</Top>\r\n"; }
 
     tests::MemoryFiles files;
     tests::EditorRig rig{files, "C:\\Kit"};
@@ -183,8 +181,7 @@ TEST_F(Closing, TellsWhenUnsavedTextCannotBeKept) {
 TEST_F(Closing, AFatalErrorShowsNumberAndDescription) {
     ReportFatalError(rig.context, text::RuntimeError(text::ErrorNumber::FileNotFound));
     ASSERT_EQ(rig.ui.Messages().size(), 1U);
-    EXPECT_EQ(rig.ui.Messages()[0].text,
-              "Run-time error '53':\r\n\r\nFile not found\r\n\r\nTamarind ends now.");
+    EXPECT_EQ(rig.ui.Messages()[0].text, "Run-time error '53':\r\n\r\nFile not found\r\n\r\nTamarind ends now.");
     EXPECT_EQ(rig.ui.Messages()[0].icon, Icon::Critical);
     EXPECT_EQ(rig.ui.Messages()[0].title, "Tamarind");
 }

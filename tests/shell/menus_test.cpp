@@ -15,11 +15,12 @@ using Row = std::vector<std::string>;
 
 TEST(Menus, StandInTheirOrder) {
     std::vector<Row> menus;
-    for (const Menu& menu : Menus()) menus.push_back({std::string(menu.name), std::string(menu.caption)});
+    for (const Menu& menu : Menus())
+        menus.push_back({std::string(menu.name), std::string(menu.caption)});
     const std::vector<Row> expected = {
-        {"mnuFileS", "Files"},      {"mnuFile", "Files"},
-        {"mnuNodePopUp", "Nodes"},  {"mnuSearch", "Search Tamarind Editor"},
-        {"mnuConv", "Conversions"}, {"mnuTools", "Tools"},
+        {"mnuFileS", "Files"},        {"mnuFile", "Files"},
+        {"mnuNodePopUp", "Nodes"},    {"mnuSearch", "Search Tamarind Editor"},
+        {"mnuConv", "Conversions"},   {"mnuTools", "Tools"},
         {"mnuEB", "Easy Blueprints"}, {"mnuOpt", "Options"},
         {"mnuHelp", "Help"},
     };
@@ -148,14 +149,10 @@ TEST_F(MenuItemsTest, BothExitsCloseTheWindow) {
 TEST_F(MenuItemsTest, RunTheirOwnCommand) {
     // Each is told by the dialog or the question that it begins with.
     const std::vector<std::pair<std::string, std::string>> dialogs = {
-        {"mnuOpenRS", "Open RailSim file"},
-        {"mnuXML", "Open .xml file"},
-        {"mnuSavexml", "Save .xml format files"},
-        {"mnuSaveAs", "Save KRS format files"},
-        {"mnuOpenTex", "Open RS Texture files"},
-        {"mnuFileOpen", "Open RailSim file"},
-        {"mnuOpenXCT", "Select file to load"},
-        {"mnuFileSaveAs", "Select Filename to Save As..."},
+        {"mnuOpenRS", "Open RailSim file"},       {"mnuXML", "Open .xml file"},
+        {"mnuSavexml", "Save .xml format files"}, {"mnuSaveAs", "Save KRS format files"},
+        {"mnuOpenTex", "Open RS Texture files"},  {"mnuFileOpen", "Open RailSim file"},
+        {"mnuOpenXCT", "Select file to load"},    {"mnuFileSaveAs", "Select Filename to Save As..."},
     };
     for (const auto& [name, title] : dialogs) {
         rig.ui.filePaths = {""};

@@ -57,8 +57,8 @@ TEST_F(Options, SelectRailSimPathAppendsToTheCaptionEachTime) {
     SelectRailSimPath(rig.context);
     SelectRailSimPath(rig.context);
     const std::string segment = "  Version 3.1.31   Rail Simulator path in use is - ";
-    EXPECT_EQ(rig.view.Caption(), "Caption" + segment + platform::ForDisplay("C:\\One") + segment +
-                                      platform::ForDisplay("C:\\Two"));
+    EXPECT_EQ(rig.view.Caption(),
+              "Caption" + segment + platform::ForDisplay("C:\\One") + segment + platform::ForDisplay("C:\\Two"));
 }
 
 TEST_F(Options, CancellingSelectRailSimPathEmptiesThePathAndKeepsTheCaption) {

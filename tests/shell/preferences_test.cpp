@@ -45,8 +45,7 @@ TEST(Preferences, AreOneLineOfEightFields) {
 TEST(Preferences, AreWrittenInTheCodePage) {
     Preferences preferences;
     preferences.railSimPath = "C:\\Spiele für Züge €";
-    EXPECT_EQ(FormatPreferences(preferences),
-              "0,0,0,0,\"\",\"\",\"C:\\Spiele f\xFCr Z\xFCge \x80\",#FALSE#\r\n");
+    EXPECT_EQ(FormatPreferences(preferences), "0,0,0,0,\"\",\"\",\"C:\\Spiele f\xFCr Z\xFCge \x80\",#FALSE#\r\n");
 }
 
 TEST(Preferences, AreUtf8WithAMarkWhenAPathDoesNotFitTheCodePage) {

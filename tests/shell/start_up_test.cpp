@@ -22,7 +22,8 @@ constexpr const char* kSettings = "C:\\Kit\\preferences.txt";
 constexpr const char* kDefaultExecutable = "c:\\program files\\rail simulator\\railsim.exe";
 constexpr const char* kDefaultFolder = "c:\\program files\\rail simulator";
 constexpr const char* kRegistryKey = "Software\\Rail Simulator\\Packager Manager\\Installation";
-constexpr const char* kCaption = "RS bin file editor and texture viewer  Version 3.1.31   Rail Simulator path in use is - ";
+constexpr const char* kCaption =
+    "RS bin file editor and texture viewer  Version 3.1.31   Rail Simulator path in use is - ";
 
 class StartUpTest : public testing::Test {
 protected:
@@ -32,9 +33,8 @@ protected:
     }
     /// Settings that name a game folder, so that nothing is asked.
     void HaveSettings(bool isTree = false) {
-        files.contents[kSettings] =
-            std::string("9000,6000,300,450,\"C:\\t.exe\",\"C:\\v.exe\",\"C:\\Game\",") + (isTree ? "#TRUE#" : "#FALSE#") +
-            "\r\n";
+        files.contents[kSettings] = std::string("9000,6000,300,450,\"C:\\t.exe\",\"C:\\v.exe\",\"C:\\Game\",") +
+                                    (isTree ? "#TRUE#" : "#FALSE#") + "\r\n";
     }
     void HaveGameFile(const std::string& path) { files.contents[path] = tests::GameFile("<Top>text</Top>"); }
     void Start(const std::string& commandLine = {}) { StartUp(rig.context, commandLine); }

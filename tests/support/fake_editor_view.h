@@ -54,9 +54,7 @@ public:
     void ClearTree() override { calls.emplace_back("ClearTree"); }
     void AddRow(const document::clsNode& node) override { calls.push_back("AddRow " + node.NodeKeyText()); }
     void RemoveRow(const document::clsNode& node) override { calls.push_back("RemoveRow " + node.NodeKeyText()); }
-    void EditRowLabel(const document::clsNode& node) override {
-        calls.push_back("EditRowLabel " + node.NodeKeyText());
-    }
+    void EditRowLabel(const document::clsNode& node) override { calls.push_back("EditRowLabel " + node.NodeKeyText()); }
 
     void EnableAttributeArea(bool enabled) override {
         isAreaEnabled = isEditingEnabled = enabled;

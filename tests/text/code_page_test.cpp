@@ -9,7 +9,8 @@ namespace {
 
 std::string AllBytes() {
     std::string bytes;
-    for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+    for (int byte = 0; byte < 256; ++byte)
+        bytes += static_cast<char>(byte);
     return bytes;
 }
 
@@ -65,9 +66,9 @@ TEST(CodePage, TurnsWhatItCannotHoldIntoAQuestionMark) {
 
 TEST(CodePage, CountsEachByteOfBrokenUtf8AsOneQuestionMark) {
     EXPECT_EQ(ToCodePage("a\xFF"), "a?");
-    EXPECT_EQ(ToCodePage("\xC3"), "?");         // cut short
-    EXPECT_EQ(ToCodePage("\x80x"), "?x");       // a continuation alone
-    EXPECT_EQ(ToCodePage("\xC0\xAF"), "??");    // longer than needed
+    EXPECT_EQ(ToCodePage("\xC3"), "?");      // cut short
+    EXPECT_EQ(ToCodePage("\x80x"), "?x");    // a continuation alone
+    EXPECT_EQ(ToCodePage("\xC0\xAF"), "??"); // longer than needed
     EXPECT_EQ(ToCodePage("\xE0\x80\xAF"), "???");
     EXPECT_EQ(ToCodePage("\xED\xA0\x80"), "???"); // a surrogate
     EXPECT_FALSE(FitsCodePage("\xFF"));

@@ -1,5 +1,5 @@
-#include "text/numbers.h"
 #include "platform/expect_error.h"
+#include "text/numbers.h"
 
 #include <gtest/gtest.h>
 

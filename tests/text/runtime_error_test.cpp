@@ -40,7 +40,7 @@ TEST(RuntimeError, HasAGeneralDescriptionForAnyOtherNumber) {
 TEST(RuntimeError, TakesFurtherSentencesIntoItsDetails) {
     const RuntimeError error(ErrorNumber::DiskFull);
     EXPECT_EQ(error.With("One.").Details(), "One.");
-    EXPECT_EQ(error.With("One.").With("Two.").Details(), "One. Two.");
+    EXPECT_EQ(error.With("One.").With("Two.").Details(), "One.\r\nTwo.");
     EXPECT_EQ(error.With("One.").Number(), 61);
 }
 

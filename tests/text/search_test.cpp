@@ -1,5 +1,5 @@
-#include "text/search.h"
 #include "text/runtime_error.h"
+#include "text/search.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include "platform/dialog_filter.h"
 #include "platform/paths.h"
 #include "platform/wx/wx_text.h"
-#include "windows/file_box.h"
+#include "windows/system.h"
 
 #include <gtest/gtest.h>
 

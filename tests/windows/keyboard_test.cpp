@@ -1,4 +1,5 @@
 #include "windows/editor_window.h"
+#include "windows/system.h"
 
 #include <wx/stc/stc.h>
 #include <wx/textctrl.h>
@@ -73,7 +74,7 @@ TEST_F(Keyboard, MovesToTheNextRowWithTheArrowKey) {
 
 TEST_F(Keyboard, OpensTheNodesMenuWithTheMenuKey) {
     OpenLine();
-    const ShownItems shown = PopUpAfter([this] { Type(WXK_MENU); });
+    const ShownItems shown = PopUpAfter([this] { Type(kMenuKey); });
     ASSERT_EQ(shown.count("&New Child Node"), 1U);
     EXPECT_TRUE(shown.at("&New Child Node"));
 }

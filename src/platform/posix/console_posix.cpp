@@ -14,7 +14,8 @@ std::vector<std::string> ProgramArguments(int count, char** arguments) {
 
 std::string CommandLineText(int count, char** arguments) {
     std::string line;
-    for (const std::string& word : ProgramArguments(count, arguments)) line += (line.empty() ? "" : " ") + word;
+    for (const std::string& word : ProgramArguments(count, arguments))
+        line += (line.empty() ? "" : " ") + word;
     return line.empty() ? line : FromNative(line);
 }
 

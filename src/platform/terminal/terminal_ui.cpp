@@ -49,9 +49,7 @@ Answer TerminalUserInterface::AnswerTo(const Message& message) {
 
 std::string TerminalUserInterface::AskForFile(const FileDialog&) { return {}; }
 
-std::string TerminalUserInterface::AskForText(const std::string&, const std::string&, const std::string&) {
-    return {};
-}
+std::string TerminalUserInterface::AskForText(const std::string&, const std::string&, const std::string&) { return {}; }
 
 void TerminalUserInterface::SetBusy(bool) {}
 

@@ -18,7 +18,8 @@ std::vector<std::string> ProgramArguments(int, char**) {
     int count = 0;
     wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> arguments;
-    for (int i = 1; i < count; ++i) arguments.push_back(FromWide(wide[i]));
+    for (int i = 1; i < count; ++i)
+        arguments.push_back(FromWide(wide[i]));
     LocalFree(wide);
     return arguments;
 }

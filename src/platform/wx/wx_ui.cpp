@@ -65,7 +65,7 @@ Answer WxUserInterface::Show(const Message& message) {
 }
 
 std::string WxUserInterface::AskForFile(const FileDialog& dialog) {
-    const long style = !dialog.save                ? wxFD_OPEN | wxFD_FILE_MUST_EXIST
+    const long style = !dialog.save                 ? wxFD_OPEN | wxFD_FILE_MUST_EXIST
                        : dialog.confirmsOverwriting ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT
                                                     : wxFD_SAVE;
     const wxString folder = dialog.startFolder.empty() ? wxString() : ToWx(ToNative(dialog.startFolder));

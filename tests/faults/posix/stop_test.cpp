@@ -54,8 +54,10 @@ int StopEverywhere(const Stops& stops) {
         ++FaultCount();
         EXPECT_EQ(RunInChild([&] {
                       FaultyFiles healthy(kit.folder.Disk());
-                      session::EditorContext context{kit.rig.session, kit.rig.document,
-                                                     {healthy, kit.rig.processes, kit.rig.registry}, kit.rig.ui,
+                      session::EditorContext context{kit.rig.session,
+                                                     kit.rig.document,
+                                                     {healthy, kit.rig.processes, kit.rig.registry},
+                                                     kit.rig.ui,
                                                      kit.rig.view};
                       convert::SaveRailSimFile(context);
                   }),

@@ -218,7 +218,7 @@ TEST(ReplaceGameFile, LeavesALockedFileAndNoBackup) {
         const auto error = ErrorOf([&] { ReplaceGameFile(folder.Disk(), original, folder / "new.bin"); });
         ASSERT_TRUE(error);
         EXPECT_EQ(error->Number(), 70);
-        EXPECT_EQ(error->Details(), original + " The game file is unchanged.");
+        EXPECT_EQ(error->Details(), original + "\r\nThe game file is unchanged.");
     }
     EXPECT_EQ(folder.Read("Track.bin"), "old");
     EXPECT_THAT(folder.Names(), ElementsAre("new.bin", "Track.bin"));

@@ -56,9 +56,7 @@ ChildProgram::ChildProgram(const std::filesystem::path& program, const Arguments
     }
 }
 
-ChildProgram::~ChildProgram() {
-    Stop();
-}
+ChildProgram::~ChildProgram() { Stop(); }
 
 std::optional<int> ChildProgram::WaitFor(std::chrono::milliseconds time) {
     const auto end = std::chrono::steady_clock::now() + time;
@@ -83,8 +81,6 @@ void ChildProgram::Stop() {
     }
 }
 
-std::filesystem::path ProgramFolder() {
-    return std::filesystem::read_symlink("/proc/self/exe").parent_path();
-}
+std::filesystem::path ProgramFolder() { return std::filesystem::read_symlink("/proc/self/exe").parent_path(); }
 
 } // namespace tamarind::samples

@@ -1,7 +1,9 @@
 #include "windows/editor_window.h"
-#include "windows/file_box.h"
+#include "windows/system.h"
 
 namespace tamarind::tests {
+
+const int kMenuKey = WXK_MENU;
 
 // The dialog knows a file only once it is on the screen and has read the file's folder.
 int ChooseInFileBox(wxFileDialog& box, const wxString& path) {
