@@ -59,7 +59,7 @@ TreeRows::TreeRows(wxWindow* parent, Handlers handlers)
     Bind(wxEVT_TREE_ITEM_EXPANDING, &TreeRows::OnExpanding, this);
     Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, &TreeRows::OnBeginLabelEdit, this);
     Bind(wxEVT_LEFT_DOWN, &TreeRows::OnLeftDown, this);
-    Bind(wxEVT_TREE_END_LABEL_EDIT, &TreeRows::OnEndLabelEdit, this);
+    Bind(wxEVT_TREE_END_LABEL_EDIT, [this](wxTreeEvent& event) { OnEndLabelEdit(event); });
     Bind(wxEVT_TREE_KEY_DOWN, &TreeRows::OnKey, this);
     Bind(wxEVT_TREE_ITEM_MENU, &TreeRows::OnItemMenu, this);
     Bind(wxEVT_RIGHT_UP, &TreeRows::OnRightUp, this);
