@@ -88,7 +88,7 @@ void TreeRows::AddNode(const clsNode& node) {
         return;
     }
     const wxTreeItemId parent = RowOf(*node.ParentNode);
-    if (ItemHasChildren(parent) && GetChildrenCount(parent, false) == 0) {
+    if (ItemHasChildren(parent) && !HasRowsBelow(parent)) {
         // Never expanded: expanding adds the new child with the others.
         Expand(parent);
         FillUpTo(parent, node);
@@ -156,7 +156,12 @@ wxTreeItemId TreeRows::Append(const wxTreeItemId& parent, const clsNode& node) {
 }
 
 void TreeRows::StartFilling(const wxTreeItemId& row) {
-    if (FillingOf(row) == nullptr && GetChildrenCount(row, false) == 0) filling_.push_back({row, 0});
+    if (FillingOf(row) == nullptr && !HasRowsBelow(row)) filling_.push_back({row, 0});
+}
+
+bool TreeRows::HasRowsBelow(const wxTreeItemId& row) const {
+    wxTreeItemIdValue cookie = nullptr;
+    return GetFirstChild(row, cookie).IsOk();
 }
 
 TreeRows::Filling* TreeRows::FillingOf(const wxTreeItemId& row) {
@@ -231,8 +236,14 @@ void TreeRows::OnIdle(wxIdleEvent& event) {
     if (!filling_.empty()) event.RequestMore();
 }
 
-void TreeRows::OnEndLabelEdit(wxTreeEvent& event) const {
+void TreeRows::OnEndLabelEdit(wxTreeEvent& event) {
     if (event.IsEditCancelled()) return;
+    // A message about a refused name takes the focus, and that ends the editing once more.
+    if (isEndingEdit_) {
+        event.Veto();
+        return;
+    }
+    const Guard guard(isEndingEdit_);
     if (!handlers_.labelEdited(platform::FromWx(event.GetLabel()))) event.Veto();
 }
 

@@ -44,7 +44,7 @@ private:
     void OnExpanding(wxTreeEvent& event);
     void OnBeginLabelEdit(wxTreeEvent& event);
     void OnLeftDown(wxMouseEvent& event);
-    void OnEndLabelEdit(wxTreeEvent& event) const;
+    void OnEndLabelEdit(wxTreeEvent& event);
     void OnKey(wxTreeEvent& event);
     void OnItemMenu(wxTreeEvent& event);
     void OnRightUp(wxMouseEvent& event);
@@ -56,6 +56,7 @@ private:
     /// Adds as many rows as nobody feels.
     void FillSlice(Filling& filling);
     void StartFilling(const wxTreeItemId& row);
+    [[nodiscard]] bool HasRowsBelow(const wxTreeItemId& row) const;
     [[nodiscard]] Filling* FillingOf(const wxTreeItemId& row);
     void FillUpTo(const wxTreeItemId& row, const document::clsNode& child);
     [[nodiscard]] const document::clsNode* NodeOf(const wxTreeItemId& row) const;
@@ -66,6 +67,7 @@ private:
     wxTreeItemId clicked_;        ///< the row that the handlers know of
     std::deque<Filling> filling_; ///< rows whose children are not all there yet
     bool isChanging_ = false;     ///< the program itself changes rows: selection events do not count
+    bool isEndingEdit_ = false;
 };
 
 } // namespace tamarind::editors

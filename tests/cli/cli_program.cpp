@@ -20,7 +20,7 @@ CliTest::CliTest()
 }
 
 Ran CliTest::RunWords(const std::vector<std::string>& words, const Environment& environment, const fs::path& folder) {
-    const samples::Surroundings surroundings{folder, Path("output"), Path("errors")};
+    const samples::Surroundings surroundings{folder.empty() ? folder_ : folder, Path("output"), Path("errors")};
     samples::ChildProgram child(program_, words, environment, surroundings);
     Ran ran;
     const auto exitCode = child.WaitFor(samples::kLongTime);

@@ -23,7 +23,7 @@ class CliTest : public samples::SampleTest {
 protected:
     CliTest();
 
-    /// Runs tamarind-cli to its end, with the words as they are.
+    /// Runs tamarind-cli to its end, with the words as they are. Without a folder it runs in the test's own.
     Ran RunWords(const std::vector<std::string>& words, const Environment& environment = {},
                  const fs::path& folder = {});
     /// The same with --program-dir and --game in front.

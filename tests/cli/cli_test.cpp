@@ -310,18 +310,46 @@ TEST_F(Cli, TakesUnicodeNames) {
     EXPECT_EQ(ReadFile(file), Binary(kNewXml));
 }
 
+/// A file so deep down that its path has more than 300 letters. It goes at the end of the scope, since not every system
+/// removes such folders with the folder above.
+class DeepFile {
+public:
+    DeepFile(const fs::path& top, const std::string& name) {
+        for (fs::path folder = top; Utf8(folder).size() < 300;) {
+            folder /= "a folder with a long name";
+            folders_.push_back(folder);
+            fs::create_directory(samples::Reachable(folder));
+        }
+        path_ = folders_.back() / name;
+    }
+    ~DeepFile() {
+        std::error_code ignored;
+        for (const char* suffix : {"", ".bak"}) {
+            fs::remove(samples::Reachable(fs::path(path_) += suffix), ignored);
+        }
+        for (; !folders_.empty(); folders_.pop_back()) {
+            fs::remove(samples::Reachable(folders_.back()), ignored);
+        }
+    }
+    DeepFile(const DeepFile&) = delete;
+    DeepFile& operator=(const DeepFile&) = delete;
+    [[nodiscard]] const fs::path& Path() const { return path_; }
+
+private:
+    std::vector<fs::path> folders_;
+    fs::path path_;
+};
+
 TEST_F(Cli, TakesLongPaths) {
-    fs::path folder = game_;
-    for (int depth = 0; depth < 12; ++depth)
-        folder /= "a folder with a long name";
-    fs::create_directories(samples::Reachable(folder));
-    const fs::path file = folder / "Track.XSec";
+    const DeepFile deep(game_, "Track.XSec");
+    const fs::path& file = deep.Path();
     ASSERT_GT(Utf8(file).size(), 300U);
     WriteFile(file, Binary(kOldXml));
     WriteFile(Path("new.xml"), kNewXml);
     const json report = RunJson({"save", Utf8(file), Utf8(Path("new.xml"))}, 0);
     EXPECT_EQ(report["result"]["backup"], Shown(file) + ".bak");
     EXPECT_EQ(ReadFile(file), Binary(kNewXml));
+    EXPECT_EQ(ReadFile(fs::path(file) += ".bak"), Binary(kOldXml));
 }
 
 TEST_F(Cli, UnreadableSettingsAreShownAndKept) {

@@ -238,7 +238,7 @@ TEST(ReplaceGameFile, KeepsTheBackupWhenTheFailureComesAfterTheReplacement) {
     FailsAfterReplace files(game.Disk());
     const auto error = ErrorOf([&] { ReplaceGameFile(files, game.original, game.newFile); });
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->Details(), game.original + " The game file was replaced nevertheless.");
+    EXPECT_EQ(error->Details(), game.original + "\r\nThe game file was replaced nevertheless.");
     EXPECT_EQ(game.Read("Track.bin"), "new");
     EXPECT_EQ(game.Read("Track.bin.bak"), "old");
     EXPECT_THAT(game.Names(), ElementsAre("new.bin", "Track.bin", "Track.bin.bak"));
