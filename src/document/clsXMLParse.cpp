@@ -168,13 +168,14 @@ void clsXMLParse::CountEntity() {
 XmlError::XmlError(const std::string& description, std::uint64_t line, std::uint64_t column)
     : std::runtime_error(description), line_(line), column_(column) {}
 
-Document LoadXml(const platform::Files& files, const std::string& path) {
+Document LoadXml(const platform::Files& files, const std::string& path, const std::function<void()>& betweenPieces) {
     const std::unique_ptr<platform::InputFile> file = files.Open(path);
     clsXMLParse parse;
     std::size_t length = 0;
     do {
         length = file->Read(parse.Buffer());
         parse.ReadBuffer(length);
+        if (betweenPieces) betweenPieces();
     } while (length > 0);
     return parse.TakeDocument();
 }

@@ -4,6 +4,7 @@
 #include "platform/file_system.h"
 
 #include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -29,7 +30,9 @@ private:
 /// Encodings: UTF-8, UTF-16, ISO-8859-1, windows-1252, US-ASCII. External entities are never fetched. Nesting is
 /// bounded by memory alone.
 /// Throws XmlError, or a file's RuntimeError.
-[[nodiscard]] Document LoadXml(const platform::Files& files, const std::string& path);
+/// `betweenPieces` is called again and again while a large file is read.
+[[nodiscard]] Document LoadXml(const platform::Files& files, const std::string& path,
+                               const std::function<void()>& betweenPieces = {});
 
 /// The same from text in memory.
 [[nodiscard]] Document ParseXml(std::string_view bytes);

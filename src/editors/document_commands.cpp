@@ -7,6 +7,9 @@
 
 #include <fmt/format.h>
 
+#include <chrono>
+#include <utility>
+
 namespace tamarind::editors {
 
 using platform::Answer;
@@ -32,6 +35,24 @@ std::string ParseFailure(const std::string& path, const document::XmlError& erro
     return fmt::format("{}\r\ncannot be read as XML: {}.\r\nLine {}, column {}.", platform::ForDisplay(path),
                        error.what(), error.Line(), error.Column());
 }
+
+/// Lets the window live during long work: called often, it processes events now and then.
+class Breather {
+public:
+    explicit Breather(platform::UserInterface& ui) : ui_(ui) {}
+    void operator()() {
+        const auto now = Clock::now();
+        if (now - last_ < kPause) return;
+        ui_.ProcessEvents();
+        last_ = Clock::now();
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+    static constexpr std::chrono::milliseconds kPause{50};
+    platform::UserInterface& ui_;
+    Clock::time_point last_ = Clock::now();
+};
 
 } // namespace
 
@@ -70,11 +91,16 @@ bool NewDocument(EditorContext& context, const std::string& path) {
 bool LoadXmlFile(EditorContext& context) {
     auto& open = context.document;
     EmptyDocument(context);
+    const std::string path = open.path;
     try {
-        open.document = document::LoadXml(context.platform.files, open.path);
+        document::Document loaded = document::LoadXml(context.platform.files, path, Breather(context.ui));
+        // Another file may have been opened meanwhile: then that one stays.
+        if (open.path != path) return false;
+        EmptyDocument(context);
+        open.document = std::move(loaded);
     } catch (const document::XmlError& error) {
         context.view.UpdateCommands();
-        context.ui.Show({.text = ParseFailure(open.path, error)});
+        context.ui.Show({.text = ParseFailure(path, error)});
         return false;
     }
     open.KeyCounter = static_cast<document::NodeKey>(document::CountElements(open.document.Top()));

@@ -3,6 +3,7 @@
 #include "platform/wx/wx_text.h"
 
 #include <wx/stopwatch.h>
+#include <wx/wupdlock.h>
 
 #include <algorithm>
 #include <utility>
@@ -177,6 +178,7 @@ void TreeRows::Fill(Filling& filling, std::size_t end) {
 }
 
 void TreeRows::FillSlice(Filling& filling) {
+    const wxWindowUpdateLocker locker(this);
     const wxStopWatch watch;
     const std::size_t end = std::min(NodeOf(filling.row)->ChildNodes.Count(), filling.nextChild + kRowsPerSlice);
     while (filling.nextChild < end && watch.Time() < kSliceMilliseconds) {
@@ -214,6 +216,7 @@ void TreeRows::OnLeftDown(wxMouseEvent& event) {
 }
 
 void TreeRows::OnBeginLabelEdit(wxTreeEvent& event) {
+    isEditing_ = true;
     if (event.GetItem() != clicked_) Click(event.GetItem());
 }
 
@@ -236,15 +239,13 @@ void TreeRows::OnIdle(wxIdleEvent& event) {
     if (!filling_.empty()) event.RequestMore();
 }
 
+// Ending an edit takes the focus from its box, which ends it once more: only the first end counts.
 void TreeRows::OnEndLabelEdit(wxTreeEvent& event) {
-    if (event.IsEditCancelled()) return;
-    // A message about a refused name takes the focus, and that ends the editing once more.
-    if (isEndingEdit_) {
-        event.Veto();
-        return;
+    if (isEditing_) {
+        isEditing_ = false;
+        isNameAccepted_ = !event.IsEditCancelled() && handlers_.labelEdited(platform::FromWx(event.GetLabel()));
     }
-    const Guard guard(isEndingEdit_);
-    if (!handlers_.labelEdited(platform::FromWx(event.GetLabel()))) event.Veto();
+    if (!isNameAccepted_) event.Veto();
 }
 
 void TreeRows::OnKey(wxTreeEvent& event) {

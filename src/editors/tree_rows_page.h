@@ -67,7 +67,8 @@ private:
     wxTreeItemId clicked_;        ///< the row that the handlers know of
     std::deque<Filling> filling_; ///< rows whose children are not all there yet
     bool isChanging_ = false;     ///< the program itself changes rows: selection events do not count
-    bool isEndingEdit_ = false;
+    bool isEditing_ = false;      ///< a row's name
+    bool isNameAccepted_ = false; ///< the name of the last edit that ended
 };
 
 } // namespace tamarind::editors
