@@ -58,12 +58,14 @@ int Run(const std::vector<std::string>& words, const platform::Platform& platfor
     const ParseResult parsed = ParseArguments(words);
     if (parsed.exitCode) return ReportUsage(parsed, output, messages);
     const Arguments& arguments = parsed.arguments;
+    platform::CatchInterrupt();
 
     session::Session session;
     document::OpenDocument document;
     session::HeadlessView view;
-    TerminalUserInterface ui({.answer = PresetAnswer(arguments), .isQuiet = arguments.json}, messages,
-                             [&input] { return AskPerson(input); });
+    TerminalUserInterface ui(
+        {.answer = PresetAnswer(arguments), .isQuiet = arguments.json, .isInterrupted = platform::IsInterrupted},
+        messages, [&input] { return AskPerson(input); });
     session::EditorContext context{session, document, platform, ui, view};
     Result result;
     std::optional<text::RuntimeError> error;

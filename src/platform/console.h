@@ -12,6 +12,11 @@ namespace tamarind::platform {
 /// console show UTF-8.
 [[nodiscard]] std::vector<std::string> ProgramArguments(int count, char** arguments);
 
+/// From now on the first Ctrl-C only asks to stop; the second one ends the program as usual.
+void CatchInterrupt();
+/// Whether Ctrl-C was pressed since.
+[[nodiscard]] bool IsInterrupted();
+
 /// The text of the command line behind the program's name; on systems that hand over separate arguments, those with
 /// blanks between them, as a program's path.
 [[nodiscard]] std::string CommandLineText(int count, char** arguments);

@@ -2,9 +2,30 @@
 
 #include "platform/paths.h"
 
+#include <csignal>
 #include <unistd.h>
 
 namespace tamarind::platform {
+namespace {
+
+// A signal handler reaches nothing but what is static.
+volatile std::sig_atomic_t& InterruptFlag() {
+    static volatile std::sig_atomic_t flag = 0;
+    return flag;
+}
+
+void OnInterrupt(int /*signal*/) { InterruptFlag() = 1; }
+
+} // namespace
+
+void CatchInterrupt() {
+    struct sigaction action = {};
+    action.sa_handler = OnInterrupt;
+    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    sigaction(SIGINT, &action, nullptr);
+}
+
+bool IsInterrupted() { return InterruptFlag() != 0; }
 
 bool StandardInputIsTerminal() { return isatty(STDIN_FILENO) == 1; }
 

@@ -55,6 +55,8 @@ void TerminalUserInterface::SetBusy(bool) {}
 
 void TerminalUserInterface::ProcessEvents() {}
 
+bool TerminalUserInterface::StopRequested() { return options_.isInterrupted(); }
+
 void TerminalUserInterface::ShowStatus(const std::string& text) { output_ << text << '\n'; }
 
 } // namespace tamarind::platform

@@ -20,8 +20,9 @@ public:
     };
 
     struct Options {
-        std::optional<Answer> answer; ///< to every question; without it a person is asked
-        bool isQuiet = false;         ///< messages are remembered only
+        std::optional<Answer> answer;                               ///< to every question; without it a person is asked
+        bool isQuiet = false;                                       ///< messages are remembered only
+        std::function<bool()> isInterrupted = [] { return false; }; ///< Ctrl-C stops an outside program
     };
 
     /// `ask` returns a typed line, nothing where nobody can type.
@@ -34,6 +35,7 @@ public:
     void SetBusy(bool busy) override;
     void ProcessEvents() override;
     void ShowStatus(const std::string& text) override;
+    [[nodiscard]] bool StopRequested() override;
 
     [[nodiscard]] const std::vector<Shown>& Messages() const { return shown_; }
 

@@ -6,9 +6,25 @@
 
 #include <shellapi.h>
 
+#include <atomic>
 #include <string_view>
 
 namespace tamarind::platform {
+namespace {
+
+// The system calls the handler on a thread of its own.
+std::atomic<bool>& InterruptFlag() {
+    static std::atomic<bool> flag = false;
+    return flag;
+}
+
+BOOL WINAPI OnInterrupt(DWORD event) { return event == CTRL_C_EVENT && !InterruptFlag().exchange(true) ? TRUE : FALSE; }
+
+} // namespace
+
+void CatchInterrupt() { SetConsoleCtrlHandler(OnInterrupt, TRUE); }
+
+bool IsInterrupted() { return InterruptFlag(); }
 
 bool StandardInputIsTerminal() { return _isatty(_fileno(stdin)) != 0; }
 
