@@ -53,7 +53,7 @@ private:
 
 TreeRows::TreeRows(wxWindow* parent, Handlers handlers)
     : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxTR_DEFAULT_STYLE | wxTR_EDIT_LABELS | wxTR_SINGLE | wxTR_LINES_AT_ROOT | wxBORDER_THEME),
+                 wxTR_DEFAULT_STYLE | wxTR_EDIT_LABELS | wxTR_SINGLE | wxTR_LINES_AT_ROOT | wxBORDER_SIMPLE),
       handlers_(std::move(handlers)) {
     SetName("trevwContents");
     Bind(wxEVT_TREE_SEL_CHANGED, &TreeRows::OnSelected, this);

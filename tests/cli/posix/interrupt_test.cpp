@@ -1,4 +1,4 @@
-#include "cli_program.h"
+#include "cli/cli_program.h"
 
 #include <gmock/gmock.h>
 

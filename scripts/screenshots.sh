@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# Takes the pictures of the README: the main window of both targets with the sample's Track.XSec open. Expects finished
+# builds in build/linux/bin and build/windows/bin (or the folders given as BIN_LINUX and BIN_WINDOWS).
+# `screenshots.sh FOLDER` puts them there; SCALE=1.5 shows them as on a screen of 150 %, PAGE=text the other editor.
+set -euo pipefail
+here=$(cd "$(dirname "$0")/.." && pwd)
+folder=$(realpath -m "${1:-$here/docs/images}")
+linux=${BIN_LINUX:-$here/build/linux/bin}
+windows=${BIN_WINDOWS:-$here/build/windows/bin}
+scale=${SCALE:-1}
+page=${PAGE:-tree}
+
+if [ -z "${TAMARIND_SCREEN:-}" ]; then
+  TAMARIND_SCREEN=1 exec "$here/scripts/with-display.sh" "$0" "$@"
+fi
+
+work=$(mktemp -d)
+# A Wine of its own: the scale of its screen must not reach the builds'.
+export TAMARIND_WINEPREFIX=$work/wine GSETTINGS_BACKEND=memory
+trap 'TAMARIND_WINEPREFIX=$work/wine "$here/scripts/wine.sh" wineboot -k >/dev/null 2>&1 || true; rm -rf "$work"' EXIT
+mkdir -p "$folder" "$work/program"
+"$linux/sample_game" "$work" >/dev/null
+game="$work/Rail Simulator"
+track="$game/Assets/Fernhollow/AlderVale/RailNetwork/CrossSections/Track.XSec"
+
+# A program folder of its own, so that the builds keep their settings.
+prepare() { # bin-folder program game
+  cp "$1/$2" "$1/serz.exe" "$work/program/"
+  local tree=FALSE
+  [ "$page" = tree ] && tree=TRUE
+  printf '15000,10500,450,450,"","","%s",#%s#\r\n' "$3" "$tree" >"$work/program/preferences.txt"
+}
+
+# Clicks the tree's second row, then the first attribute, and waits until the window has painted itself.
+show_a_row() { # window
+  xdotool windowactivate --sync "$1"
+  [ "$page" = tree ] || return 0
+  xdotool key --delay 150 Tab Home Down Right
+  sleep 1
+}
+
+take() { # name command...
+  local name=$1 window=
+  shift
+  "$@" >"$work/$name.log" 2>&1 &
+  local program=$!
+  for _ in $(seq 150); do
+    window=$(xdotool search --onlyvisible --name 'XML File Editor|RS bin file editor' 2>/dev/null | tail -n 1) && [ -n "$window" ] && break
+    sleep 0.2
+  done
+  [ -n "$window" ] || { echo "screenshots: $name shows no window" >&2; cat "$work/$name.log" >&2; exit 1; }
+  sleep 3
+  show_a_row "$window"
+  import-im6.q16 -window "$window" "$folder/$name.png"
+  xdotool key --window "$window" alt+F4
+  kill "$program" 2>/dev/null || true
+  wait "$program" 2>/dev/null || true
+  echo "$folder/$name.png"
+}
+
+prepare "$linux" tamarind "${game//\//\\}"
+GDK_DPI_SCALE=$scale take linux "$work/program/tamarind" "$track"
+
+"$here/scripts/wine.sh" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD \
+  /d "$(awk "BEGIN { print int(96 * $scale) }")" /f >/dev/null 2>&1
+prepare "$windows" Tamarind.exe "Z:${game//\//\\}"
+take windows "$here/scripts/wine.sh" "$work/program/Tamarind.exe" "Z:${track//\//\\}"
