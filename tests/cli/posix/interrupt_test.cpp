@@ -1,4 +1,5 @@
 #include "cli/cli_program.h"
+#include "system/program.h"
 
 #include <gmock/gmock.h>
 
@@ -10,10 +11,10 @@ using samples::Utf8;
 
 TEST_F(CliTest, CtrlCStopsAHangingConverterAndTheCommandSaysSo) {
     const fs::path errors = Path("errors");
-    samples::ChildProgram child("/usr/bin/timeout",
-                                {"--preserve-status", "-s", "INT", "0.5", Utf8(program_), "--program-dir", Utf8(kit_),
-                                 "open", Utf8(track_)},
-                                {{"TAMARIND_SERZ_HANG", "1"}}, {{}, Path("output"), errors});
+    samples::ChildProgram child(
+        "/usr/bin/timeout",
+        {"--preserve-status", "-s", "INT", "0.5", Utf8(program_), "--program-dir", Utf8(kit_), "open", Utf8(track_)},
+        {{"TAMARIND_SERZ_HANG", "1"}}, {{}, Path("output"), errors});
     EXPECT_EQ(child.WaitFor(std::chrono::seconds(20)), 1);
     EXPECT_EQ(ReadFile(errors), "The converter wrote nothing: there is no text to show.\n");
     EXPECT_EQ(ReadFile(track_), Binary(kOldXml));
