@@ -31,17 +31,24 @@ prepare() { # bin-folder program game
   printf '15000,10500,450,450,"","","%s",#%s#\r\n' "$3" "$tree" >"$work/program/preferences.txt"
 }
 
-# Clicks the tree's second row, then the first attribute, and waits until the window has painted itself.
-show_a_row() { # window
-  xdotool windowactivate --sync "$1"
-  [ "$page" = tree ] || return 0
-  xdotool key --delay 150 Tab Home Down Right
-  sleep 1
+click() { # window x y, in pixels of a screen of 100 %
+  xdotool mousemove --window "$1" "$(awk "BEGIN { print int($2 * $scale) }")" "$(awk "BEGIN { print int($3 * $scale) }")" click 1
+  sleep 0.5
 }
 
-take() { # name command...
-  local name=$1 window=
-  shift
+# Walks from the row "Record" to "Gauge", and clicks its attribute.
+show_gauge() { # window y-of-Record y-of-the-first-attribute
+  xdotool windowactivate --sync "$1"
+  [ "$page" = tree ] || return 0
+  click "$1" 95 "$2"
+  xdotool key --delay 200 Right Down Right Down Down
+  sleep 0.5
+  click "$1" 640 "$3"
+}
+
+take() { # name y-of-Record y-of-the-first-attribute command...
+  local name=$1 row=$2 attribute=$3 window=
+  shift 3
   "$@" >"$work/$name.log" 2>&1 &
   local program=$!
   for _ in $(seq 150); do
@@ -50,18 +57,19 @@ take() { # name command...
   done
   [ -n "$window" ] || { echo "screenshots: $name shows no window" >&2; cat "$work/$name.log" >&2; exit 1; }
   sleep 3
-  show_a_row "$window"
+  show_gauge "$window" "$row" "$attribute"
   import-im6.q16 -window "$window" "$folder/$name.png"
-  xdotool key --window "$window" alt+F4
   kill "$program" 2>/dev/null || true
   wait "$program" 2>/dev/null || true
   echo "$folder/$name.png"
 }
 
 prepare "$linux" tamarind "${game//\//\\}"
-GDK_DPI_SCALE=$scale take linux "$work/program/tamarind" "$track"
+GDK_DPI_SCALE=$scale take linux 157 160 "$work/program/tamarind" "$track"
 
 "$here/scripts/wine.sh" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD \
   /d "$(awk "BEGIN { print int(96 * $scale) }")" /f >/dev/null 2>&1
+"$here/scripts/wine.sh" reg add 'HKCU\Control Panel\Desktop' /v FontSmoothing /d 2 /f >/dev/null 2>&1
+"$here/scripts/wine.sh" reg add 'HKCU\Control Panel\Desktop' /v FontSmoothingType /t REG_DWORD /d 2 /f >/dev/null 2>&1
 prepare "$windows" Tamarind.exe "Z:${game//\//\\}"
-take windows "$here/scripts/wine.sh" "$work/program/Tamarind.exe" "Z:${track//\//\\}"
+take windows 121 125 "$here/scripts/wine.sh" "$work/program/Tamarind.exe" "Z:${track//\//\\}"

@@ -96,7 +96,7 @@ bool LoadXmlFile(EditorContext& context) {
         document::Document loaded = document::LoadXml(context.platform.files, path, Breather(context.ui));
         // Another file may have been opened meanwhile: then that one stays.
         if (open.path != path) return false;
-        EmptyDocument(context);
+        if (!open.document.IsEmpty()) EmptyDocument(context);
         open.document = std::move(loaded);
     } catch (const document::XmlError& error) {
         context.view.UpdateCommands();

@@ -1,6 +1,7 @@
 #include "editors/text_page.h"
 
 #include "platform/paths.h"
+#include "platform/wx/bordered_panel.h"
 #include "platform/wx/frame_caption.h"
 #include "platform/wx/wx_text.h"
 
@@ -54,10 +55,12 @@ TextPage::TextPage(wxWindow* parent) : wxPanel(parent) {
     row->Add(command1_, wxSizerFlags().CenterVertical());
     frame->Add(row, wxSizerFlags().Expand().Border(wxALL, gap));
 
-    richTextBox1_ = new wxStyledTextCtrl(frame1_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME);
+    auto* const border = new platform::BorderedPanel(frame1_);
+    richTextBox1_ = new wxStyledTextCtrl(border, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
     richTextBox1_->SetName("RichTextBox1");
     SetUpEditor();
-    frame->Add(richTextBox1_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    border->Hold(richTextBox1_);
+    frame->Add(border, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
 
     outer->Add(frame, wxSizerFlags(1).Expand().Border(wxALL, gap));
     SetSizer(outer);
@@ -75,8 +78,11 @@ void TextPage::SetUpEditor() {
         editor.SetMarginWidth(margin, 0);
     editor.SetMarginLeft(FromDIP(kGap));
     editor.SetTabWidth(kTabWidth);
-    editor.SetScrollWidth(1);
     editor.SetScrollWidthTracking(true);
+    editor.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        FitScrollWidth();
+        event.Skip();
+    });
     // The default lexer waits for somebody to style the text, for ever.
     editor.SetLexer(wxSTC_LEX_NULL);
     // Without this, going to the end of a long text styles all of it first.
@@ -102,8 +108,8 @@ void TextPage::SetText(const std::string& text) {
     editor.SetModEventMask(kEverything);
     editor.SetSavePoint();
     editor.GotoPos(0);
-    editor.SetFocus();
-    editor.SetScrollWidth(1);
+    if (editor.IsShownOnScreen()) editor.SetFocus();
+    FitScrollWidth();
     isPainted_ = false;
     CallAfter([this] { MakeRoomAtStart(); });
 }
@@ -130,6 +136,12 @@ void TextPage::Paint() {
         loop->YieldFor(wxEVT_CATEGORY_ALL);
         wxMilliSleep(1);
     }
+}
+
+// Grows by itself when a longer line is shown. GTK shades the edge of a view that is wider than what it scrolls.
+void TextPage::FitScrollWidth() {
+    const int margins = richTextBox1_->GetMarginLeft() + richTextBox1_->GetMarginRight();
+    richTextBox1_->SetScrollWidth(std::max(1, richTextBox1_->GetClientSize().x - margins));
 }
 
 std::string TextPage::Text() const {

@@ -34,6 +34,7 @@ public:
 
 private:
     void SetUpEditor();
+    void FitScrollWidth();
     void MakeRoomAtStart();
 
     wxStaticBox* frame1_;

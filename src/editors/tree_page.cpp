@@ -2,6 +2,7 @@
 
 #include "editors/tree_editor.h"
 #include "platform/paths.h"
+#include "platform/wx/bordered_panel.h"
 #include "platform/wx/frame_caption.h"
 #include "platform/wx/wx_text.h"
 
@@ -40,12 +41,12 @@ TreePage::TreePage(wxWindow* parent, Run run, std::function<void()> popUp) : wxP
     auto* const frame = new wxStaticBoxSizer(wxHORIZONTAL, this, "XML Editor");
     frame2_ = Named(frame->GetStaticBox(), "Frame2");
     auto* const side = new wxBoxSizer(wxVERTICAL);
-    frame->Add(MakeTreeColumn(frame2_, std::move(popUp)), wxSizerFlags(3).Expand().Border(wxALL, gap));
+    frame->Add(MakeTreeColumn(frame2_, std::move(popUp)), wxSizerFlags(1).Expand().Border(wxALL, gap));
     side->Add(MakeAttributeFrame(frame2_), wxSizerFlags(3).Expand());
     side->Add(MakeCharactersFrame(frame2_), wxSizerFlags(2).Expand().Border(wxTOP, gap));
     side->Add(MakeSearchFrame(frame2_), wxSizerFlags().Expand().Border(wxTOP, gap));
     side->SetMinSize(FromDIP(wxSize(kSideWidth, -1)));
-    frame->Add(side, wxSizerFlags(2).Expand().Border(wxTOP | wxRIGHT | wxBOTTOM, gap));
+    frame->Add(side, wxSizerFlags(1).Expand().Border(wxALL, gap));
     auto* const outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(frame, wxSizerFlags(1).Expand().Border(wxALL, gap));
     SetSizer(outer);
@@ -63,8 +64,9 @@ wxSizer* TreePage::MakeTreeColumn(wxWindow* box, std::function<void()> popUp) {
                     "Label2");
     names->Add(label2_, wxSizerFlags(1));
     column->Add(names, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+    auto* const border = new platform::BorderedPanel(box);
     rows_ = new TreeRows(
-        box,
+        border,
         {.clicked = [this](document::NodeKey key) { run_([key](EditorContext& context) { ClickRow(context, key); }); },
          .labelEdited =
              [this](const std::string& name) {
@@ -74,7 +76,8 @@ wxSizer* TreePage::MakeTreeColumn(wxWindow* box, std::function<void()> popUp) {
              },
          .deleteKey = [this] { run_(DeleteNode); },
          .popUp = std::move(popUp)});
-    column->Add(rows_, wxSizerFlags(1).Expand());
+    border->Hold(rows_);
+    column->Add(border, wxSizerFlags(1).Expand());
     return column;
 }
 

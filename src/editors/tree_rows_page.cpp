@@ -20,7 +20,7 @@ constexpr long kSliceMilliseconds = 20;
 /// Rows between two looks at the clock.
 constexpr std::size_t kRowsPerLook = 256;
 /// The control measures new rows only afterwards, which takes far longer than adding them.
-constexpr std::size_t kRowsPerSlice = 4096;
+constexpr std::size_t kRowsPerSlice = 2048;
 
 class RowData : public wxTreeItemData {
 public:
@@ -53,7 +53,7 @@ private:
 
 TreeRows::TreeRows(wxWindow* parent, Handlers handlers)
     : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxTR_DEFAULT_STYLE | wxTR_EDIT_LABELS | wxTR_SINGLE | wxTR_LINES_AT_ROOT | wxBORDER_SIMPLE),
+                 wxTR_DEFAULT_STYLE | wxTR_EDIT_LABELS | wxTR_SINGLE | wxTR_LINES_AT_ROOT | wxBORDER_NONE),
       handlers_(std::move(handlers)) {
     SetName("trevwContents");
     Bind(wxEVT_TREE_SEL_CHANGED, &TreeRows::OnSelected, this);
@@ -126,6 +126,7 @@ void TreeRows::EditNode(const clsNode& node) {
     const wxTreeItemId row = RowOf(node);
     if (!row.IsOk()) return;
     EnsureVisible(row);
+    TakeFocus();
     SelectItem(row);
     EditLabel(row);
 }
@@ -206,9 +207,16 @@ void TreeRows::Click(const wxTreeItemId& row) {
     handlers_.clicked(NodeOf(row)->Key);
 }
 
+// Getting the focus amid the selection of another row would leave the control with two selected ones.
+void TreeRows::TakeFocus() {
+    const Guard guard(isChanging_);
+    SetFocus();
+}
+
 // The control selects the first row by itself when it gets the focus, and says nothing: a click on a row that is
 // selected already, or editing its name, must reach the handlers all the same.
 void TreeRows::OnLeftDown(wxMouseEvent& event) {
+    TakeFocus();
     int flags = 0;
     const wxTreeItemId row = HitTest(event.GetPosition(), flags);
     if (row.IsOk() && (flags & wxTREE_HITTEST_ONITEM) != 0 && row == GetSelection() && row != clicked_) Click(row);
@@ -260,6 +268,7 @@ void TreeRows::OnKey(wxTreeEvent& event) {
 }
 
 void TreeRows::OnItemMenu(wxTreeEvent& event) {
+    TakeFocus();
     if (event.GetItem().IsOk()) SelectItem(event.GetItem());
     handlers_.popUp();
 }

@@ -62,6 +62,7 @@ private:
     [[nodiscard]] const document::clsNode* NodeOf(const wxTreeItemId& row) const;
 
     void Click(const wxTreeItemId& row);
+    void TakeFocus();
 
     Handlers handlers_;
     wxTreeItemId clicked_;        ///< the row that the handlers know of

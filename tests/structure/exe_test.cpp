@@ -13,10 +13,10 @@ using testing::SizeIs;
 
 // What every Windows has had since Windows 7; the C library is the system's own.
 const std::set<std::string> kSystemLibraries{
-    "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll",    "gdiplus.dll",  "imm32.dll",   "kernel32.dll",
-    "msimg32.dll",  "msvcrt.dll",   "ole32.dll",    "oleacc.dll",   "oleaut32.dll", "rpcrt4.dll",  "shell32.dll",
-    "shlwapi.dll",  "user32.dll",   "uxtheme.dll",  "version.dll",  "wininet.dll",  "winmm.dll",   "winspool.drv",
-    "ws2_32.dll",
+    "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll",  "gdiplus.dll", "imm32.dll",
+    "kernel32.dll", "msimg32.dll",  "msvcrt.dll",   "ole32.dll",  "oleacc.dll",  "oleaut32.dll",
+    "rpcrt4.dll",   "shell32.dll",  "shlwapi.dll",  "user32.dll", "uxtheme.dll", "version.dll",
+    "wininet.dll",  "winmm.dll",    "winspool.drv", "ws2_32.dll",
 };
 
 class Programs : public testing::TestWithParam<const char*> {
@@ -27,7 +27,8 @@ protected:
 TEST_P(Programs, NeedNoLibraryBesideThem) {
     const std::set<std::string> imports = program_.Imports();
     EXPECT_TRUE(imports.contains("kernel32.dll"));
-    for (const std::string& name : imports) EXPECT_TRUE(kSystemLibraries.contains(name)) << name;
+    for (const std::string& name : imports)
+        EXPECT_TRUE(kSystemLibraries.contains(name)) << name;
 }
 
 TEST_P(Programs, CarryTheirVersion) { EXPECT_EQ(program_.FileVersion(), "3.1.31.0"); }

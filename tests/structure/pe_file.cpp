@@ -44,8 +44,7 @@ BOOL CALLBACK CollectResource(HMODULE module, LPCWSTR type, LPWSTR name, LONG_PT
 } // namespace
 
 PeFile::PeFile(const std::string& name)
-    : path_(BesideThisProgram(name)),
-      module_(LoadLibraryExW(path_.c_str(), nullptr, LOAD_LIBRARY_AS_IMAGE_RESOURCE)) {
+    : path_(BesideThisProgram(name)), module_(LoadLibraryExW(path_.c_str(), nullptr, LOAD_LIBRARY_AS_IMAGE_RESOURCE)) {
     EXPECT_NE(module_, nullptr) << name;
 }
 

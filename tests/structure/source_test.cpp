@@ -9,8 +9,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::vector<std::string> kRooms{"text",    "platform", "document", "session", "editors",
-                                      "convert", "shell",    "cli"};
+const std::vector<std::string> kRooms{"text", "platform", "document", "session", "editors", "convert", "shell", "cli"};
 constexpr std::size_t kMostLines = 500;
 
 const SourceTree& Sources() {
@@ -20,7 +19,8 @@ const SourceTree& Sources() {
 
 SourceTree TreeOf(std::initializer_list<std::pair<std::string, std::string>> files) {
     SourceTree tree;
-    for (const auto& [path, text] : files) tree[path] = ParseSource(path, text);
+    for (const auto& [path, text] : files)
+        tree[path] = ParseSource(path, text);
     return tree;
 }
 
@@ -30,7 +30,8 @@ TEST(Sources, AreFound) {
 }
 
 TEST(Sources, StandInKnownRooms) {
-    for (const auto& [path, file] : Sources()) EXPECT_THAT(kRooms, testing::Contains(file.Room())) << path;
+    for (const auto& [path, file] : Sources())
+        EXPECT_THAT(kRooms, testing::Contains(file.Room())) << path;
 }
 
 TEST(Sources, IncludeDownwardsOnly) { EXPECT_THAT(UpwardIncludes(Sources(), kRooms), IsEmpty()); }

@@ -21,12 +21,15 @@ bool IsStandardHeader(const std::string& header) {
     return std::all_of(header.begin(), header.end(), [](char c) { return (c >= 'a' && c <= 'z') || c == '_'; });
 }
 
-bool OpensFiles(const std::string& header) { return header == "filesystem" || header == "fstream" || header == "cstdio"; }
+bool OpensFiles(const std::string& header) {
+    return header == "filesystem" || header == "fstream" || header == "cstdio";
+}
 
 /// Libraries that are the same on every system.
 bool IsPortableLibrary(const std::string& header) {
     constexpr std::array kLibraries{"fmt/", "CLI/", "nlohmann/", "expat.h"};
-    return std::any_of(kLibraries.begin(), kLibraries.end(), [&](const char* name) { return header.starts_with(name); });
+    return std::any_of(kLibraries.begin(), kLibraries.end(),
+                       [&](const char* name) { return header.starts_with(name); });
 }
 
 /// One line for each of the includes that a rule forbids.
@@ -104,18 +107,21 @@ Broken Circles(const SourceTree& tree) {
         const auto again = std::find(path.begin(), path.end(), name);
         if (again != path.end()) {
             std::string circle;
-            for (auto step = again; step != path.end(); ++step) circle += *step + " -> ";
+            for (auto step = again; step != path.end(); ++step)
+                circle += *step + " -> ";
             broken.push_back(circle + name);
             return;
         }
         const auto file = tree.find(name);
         if (file == tree.end() || finished.contains(name)) return;
         path.push_back(name);
-        for (const std::string& include : file->second.quoted) visit(include);
+        for (const std::string& include : file->second.quoted)
+            visit(include);
         path.pop_back();
         finished.insert(name);
     };
-    for (const auto& [name, file] : tree) visit(name);
+    for (const auto& [name, file] : tree)
+        visit(name);
     return broken;
 }
 

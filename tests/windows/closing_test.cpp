@@ -8,10 +8,9 @@ namespace {
 using platform::ForDisplay;
 using platform::FromWx;
 
-const ExpectedDialogs::MessageBox kSaveChanges{
-    .text = "The file has been modified, do you wish to save the changes?",
-    .title = "File Modified",
-    .style = wxICON_QUESTION | wxYES_NO | wxCANCEL};
+const ExpectedDialogs::MessageBox kSaveChanges{.text = "The file has been modified, do you wish to save the changes?",
+                                               .title = "File Modified",
+                                               .style = wxICON_QUESTION | wxYES_NO | wxCANCEL};
 constexpr const char* kHeader = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n";
 
 class Closing : public EditorWindow {
@@ -65,9 +64,8 @@ TEST_F(Closing, AsksForANameWhenTheDocumentHasNone) {
     ChooseNode("mnuNodePopUpNew");
     FinishLabel("Route");
     dialogs_.AnswerMessage(kSaveChanges, wxID_YES);
-    dialogs_.ChooseFile(
-        {.title = "Select Filename to Save As...", .filter = "XML Files (*.xml)|*.xml", .save = true},
-        game_ + "\\route.xml");
+    dialogs_.ChooseFile({.title = "Select Filename to Save As...", .filter = "XML Files (*.xml)|*.xml", .save = true},
+                        game_ + "\\route.xml");
     Close();
     EXPECT_EQ(ReadFile(game_ + "\\route.xml"), std::string(kHeader) + "<Route></Route>\r\n");
 }
@@ -124,8 +122,8 @@ TEST_F(Waiting, AsksAtTheSecondCloseWhetherToStopAHungConverterAndStopsIt) {
     Open();
     const Environment hung("TAMARIND_SERZ_HANG", "1");
     Later(milliseconds(500), [this] { window_->Close(); });
-    dialogs_.AnswerMessage({.text = "The outside program is still running. Stop it?", .style = wxICON_QUESTION | wxYES_NO},
-                           wxID_NO);
+    dialogs_.AnswerMessage(
+        {.text = "The outside program is still running. Stop it?", .style = wxICON_QUESTION | wxYES_NO}, wxID_NO);
     Later(milliseconds(1000), [this] { window_->Close(); });
     Later(milliseconds(1500), [this] {
         dialogs_.AnswerMessage(

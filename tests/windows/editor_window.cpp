@@ -98,8 +98,8 @@ EditorWindow::~EditorWindow() {
 }
 
 void EditorWindow::WriteSettings(const std::string& geometry, bool xmlEditorDefault) {
-    folder_.Write("Program\\preferences.txt", geometry + ",\"\",\"\",\"" + game_ + "\"," +
-                                                  (xmlEditorDefault ? "#TRUE#" : "#FALSE#") + "\r\n");
+    folder_.Write("Program\\preferences.txt",
+                  geometry + ",\"\",\"\",\"" + game_ + "\"," + (xmlEditorDefault ? "#TRUE#" : "#FALSE#") + "\r\n");
 }
 
 void EditorWindow::Open(const std::string& commandLine) {
@@ -160,7 +160,8 @@ void EditorWindow::ChooseNode(const std::string& item) {
 wxTreeItemId EditorWindow::Row(const wxTreeItemId& parent, const std::string& text) {
     wxTreeItemIdValue cookie = nullptr;
     wxTreeItemId row = Tree().GetFirstChild(parent, cookie);
-    while (row.IsOk() && Tree().GetItemText(row) != ToWx(text)) row = Tree().GetNextChild(parent, cookie);
+    while (row.IsOk() && Tree().GetItemText(row) != ToWx(text))
+        row = Tree().GetNextChild(parent, cookie);
     return row;
 }
 

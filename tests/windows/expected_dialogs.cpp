@@ -64,7 +64,8 @@ void CheckTextBox(const wxTextEntryDialog& box, const ExpectedDialogs::TextBox& 
 ExpectedDialogs::ExpectedDialogs() { Register(); }
 
 ExpectedDialogs::~ExpectedDialogs() {
-    for (const Step& step : steps_) ADD_FAILURE() << "never came: " << step.description;
+    for (const Step& step : steps_)
+        ADD_FAILURE() << "never came: " << step.description;
 }
 
 void ExpectedDialogs::Expect(const std::string& description, std::function<int(wxDialog&)> meet) {

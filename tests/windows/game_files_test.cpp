@@ -10,8 +10,8 @@ using platform::ForDisplay;
 using platform::FromWx;
 
 constexpr const char* kTrack = "<Track><Gauge Unit=\"mm\">1435</Gauge><Sleeper>Oak</Sleeper></Track>";
-const ExpectedDialogs::FileBox kOpenGameFile{
-    .title = "Open RailSim file", .filter = "RS Files(*.bin;*.XSec;*.GeoPcDx)|*.bin;*.XSec*;*.GeoPcDx"};
+const ExpectedDialogs::FileBox kOpenGameFile{.title = "Open RailSim file",
+                                             .filter = "RS Files(*.bin;*.XSec;*.GeoPcDx)|*.bin;*.XSec*;*.GeoPcDx"};
 
 class GameFiles : public EditorWindow {
 protected:
@@ -89,8 +89,8 @@ TEST_F(GameFiles, StayAsTheyAreWhenTheOpenDialogIsCancelled) {
 
 TEST_F(GameFiles, TakeAnyUnicodeName) {
     // "Gleis", a Japanese word for rail, and a sign beyond the first 65,536.
-    const std::string track = WriteGameFile("Gleis \xC3\xA4 \xE3\x83\xAC\xE3\x83\xBC\xE3\x83\xAB \xF0\x9F\x9A\x82.XSec",
-                                            "<Track>1</Track>");
+    const std::string track =
+        WriteGameFile("Gleis \xC3\xA4 \xE3\x83\xAC\xE3\x83\xBC\xE3\x83\xAB \xF0\x9F\x9A\x82.XSec", "<Track>1</Track>");
     OpenWithTreeEditor();
     dialogs_.ChooseFile(InGameFolder(kOpenGameFile), track);
     Choose("mnuFileOpen");
@@ -105,8 +105,8 @@ TEST_F(GameFiles, TakeAnyUnicodeName) {
 TEST_F(GameFiles, ShowTexturesThroughADialogOfTheirOwn) {
     const std::string brick = WriteGameFile("Brick.TgPcDx", "<Texture/>");
     Open();
-    dialogs_.ChooseFile(
-        InGameFolder({.title = "Open RS Texture files", .filter = "RS Files (*.TgPcDx)|*.TgPcDx"}), brick);
+    dialogs_.ChooseFile(InGameFolder({.title = "Open RS Texture files", .filter = "RS Files (*.TgPcDx)|*.TgPcDx"}),
+                        brick);
     Choose("mnuOpenTex");
     EXPECT_EQ(EditorText(), "<Texture/>");
     EXPECT_EQ(session_.RSFileExt, "");
@@ -132,9 +132,8 @@ TEST_F(GameFiles, ShowTheTextOfAnEarlierConversionWhenTheConverterFails) {
 
 class XmlFiles : public EditorWindow {
 protected:
-    const ExpectedDialogs::FileBox openText_{.title = "Open .xml file",
-                                             .filter = "XML Files (*.xml;*.cost;*.tgt)|*.xml;*.cost;*.tgt",
-                                             .folder = game_};
+    const ExpectedDialogs::FileBox openText_{
+        .title = "Open .xml file", .filter = "XML Files (*.xml;*.cost;*.tgt)|*.xml;*.cost;*.tgt", .folder = game_};
     const ExpectedDialogs::FileBox openTree_{.title = "Select file to load", .filter = "XML Files (*.xml)|*.xml"};
 };
 

@@ -1,52 +1,17 @@
-#include "windows/editor_window.h"
+#include "windows/keyboard.h"
 #include "windows/system.h"
 
-#include <wx/stc/stc.h>
 #include <wx/textctrl.h>
-#include <wx/uiaction.h>
 
 namespace tamarind::tests {
 namespace {
-
-// Real keys and a real pointer, sent through the system.
-class Keyboard : public EditorWindow {
-protected:
-    void OpenLine() {
-        file_ = WriteGameFile("Line.XSec", "<Line><Halt>Bend</Halt><Signal>Home</Signal></Line>");
-        OpenWithTreeEditor(file_);
-        ClickRow(Row(Tree().GetRootItem(), "Halt"));
-        Focus(Tree());
-    }
-
-    void Focus(wxWindow& control) {
-        window_->Raise();
-        control.SetFocus();
-        ASSERT_TRUE(PumpUntil([&] { return control.HasFocus() && window_->IsActive(); }));
-        PumpFor(milliseconds(100));
-    }
-
-    void Type(int key, int modifiers = wxMOD_NONE) {
-        wxUIActionSimulator keys;
-        keys.Char(key, modifiers);
-        PumpFor(milliseconds(200));
-    }
-
-    wxPoint MiddleOf(const wxTreeItemId& row) {
-        wxRect place;
-        EXPECT_TRUE(Tree().GetBoundingRect(row, place, true));
-        return Tree().ClientToScreen(place.GetPosition() + wxPoint(place.width / 2, place.height / 2));
-    }
-
-    std::vector<std::string> Rows() { return RowTexts(Tree().GetRootItem()); }
-
-    std::string file_;
-};
 
 TEST_F(Keyboard, EditsARowsNameWithF2) {
     OpenLine();
     Type(WXK_F2);
     ASSERT_TRUE(PumpUntil([this] { return Tree().GetEditControl() != nullptr; }));
-    for (const char c : std::string("STOP")) Type(c);
+    for (const char c : std::string("STOP"))
+        Type(c);
     Type(WXK_RETURN);
     EXPECT_EQ(Rows(), (std::vector<std::string>{"stop", "Signal"}));
 }
@@ -107,13 +72,34 @@ TEST_F(Keyboard, TypesIntoTheTextEditor) {
     EXPECT_EQ(EditorText(), "ab<Track/>");
 }
 
+TEST_F(Keyboard, GoesFromTheTreeToTheAttributesAndBackWithTab) {
+    OpenLine();
+    Type(WXK_TAB);
+    EXPECT_EQ(wxWindow::FindFocus(), &Find("lstAttributes"));
+    Type(WXK_TAB, wxMOD_SHIFT);
+    EXPECT_EQ(wxWindow::FindFocus(), &Tree());
+}
+
 TEST_F(Keyboard, ASinglePointerClickSelectsARow) {
     OpenLine();
     wxUIActionSimulator pointer;
     pointer.MouseMove(MiddleOf(Row(Tree().GetRootItem(), "Signal")));
     pointer.MouseClick();
-    EXPECT_TRUE(PumpUntil(
-        [this] { return Find<wxTextCtrl>("txtCharacters").GetValue() == "Home"; }, milliseconds(5000)));
+    EXPECT_TRUE(
+        PumpUntil([this] { return Find<wxTextCtrl>("txtCharacters").GetValue() == "Home"; }, milliseconds(5000)));
+}
+
+TEST_F(Keyboard, AClickLeavesNoOtherRowSelected) {
+    OpenWithTreeEditor(WriteGameFile("Line.XSec", "<Line><Halt>Bend</Halt><Signal>Home</Signal></Line>"));
+    Focus(Find("SSTab1"));
+    wxUIActionSimulator pointer;
+    pointer.MouseMove(MiddleOf(Row(Tree().GetRootItem(), "Halt")));
+    pointer.MouseClick();
+    ASSERT_TRUE(PumpUntil([this] { return Tree().IsSelected(Row(Tree().GetRootItem(), "Halt")); }));
+    Type(WXK_DOWN);
+    EXPECT_FALSE(Tree().IsSelected(Tree().GetRootItem()));
+    EXPECT_FALSE(Tree().IsSelected(Row(Tree().GetRootItem(), "Halt")));
+    EXPECT_TRUE(Tree().IsSelected(Row(Tree().GetRootItem(), "Signal")));
 }
 
 TEST_F(Keyboard, TheRightPointerButtonSelectsARowAndOpensTheNodesMenu) {

@@ -3,6 +3,7 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/notebook.h>
+#include <wx/panel.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
@@ -46,7 +47,8 @@ protected:
             if (!child->IsShown()) continue;
             check(*child);
             // What a control is made of is its own affair.
-            const bool holdsOthers = dynamic_cast<wxStaticBox*>(child) != nullptr;
+            const bool holdsOthers =
+                dynamic_cast<wxStaticBox*>(child) != nullptr || dynamic_cast<wxPanel*>(child) != nullptr;
             if (holdsOthers) ForEachWithin(*child, check);
         }
     }
@@ -95,8 +97,8 @@ TEST_P(Layout, OfTheTextPageShowsEveryControlWhole) {
         ++controls;
         ExpectWellPlaced(control);
     });
-    // Frame1 with Label1, Text1, Command1 and RichTextBox1.
-    EXPECT_EQ(controls, 5);
+    // Frame1 with Label1, Text1, Command1, and RichTextBox1 in its border.
+    EXPECT_EQ(controls, 6);
 }
 
 TEST_P(Layout, OfTheTreePageShowsEveryControlWhole) {
@@ -107,9 +109,9 @@ TEST_P(Layout, OfTheTreePageShowsEveryControlWhole) {
         ++controls;
         ExpectWellPlaced(control);
     });
-    // Four frames, two labels above the tree and the tree, seven controls of the attributes, two of the characters,
-    // eight of the search.
-    EXPECT_EQ(controls, 24);
+    // Four frames, two labels above the tree, the tree in its border, seven controls of the attributes, two of the
+    // characters, eight of the search.
+    EXPECT_EQ(controls, 25);
 }
 
 INSTANTIATE_TEST_SUITE_P(AtSize, Layout, testing::Values(Size{0, 0}, Size{1000, 700}, Size{1600, 1000}));

@@ -13,8 +13,8 @@ class TestApp : public wxApp {
 public:
     void OnAssertFailure(const wxChar* file, int line, const wxChar* function, const wxChar* condition,
                          const wxChar* message) override {
-        ADD_FAILURE() << wxString(file) << ":" << line << " " << wxString(function) << ": " << wxString(condition) << " "
-                      << wxString(message);
+        ADD_FAILURE() << wxString(file) << ":" << line << " " << wxString(function) << ": " << wxString(condition)
+                      << " " << wxString(message);
     }
 };
 

@@ -8,12 +8,12 @@ namespace {
 using std::chrono::steady_clock;
 
 constexpr unsigned kRows = 200'000;
-/// Longer ones are felt.
-constexpr milliseconds kLongestPause(200);
+constexpr milliseconds kLongestPause(LONGEST_PAUSE_MS);
 
 std::string XmlOfManyRows() {
     std::string xml = "<Rows>";
-    for (unsigned i = 0; i < kRows; ++i) xml += "<r/>";
+    for (unsigned i = 0; i < kRows; ++i)
+        xml += "<r/>";
     return xml + "</Rows>";
 }
 

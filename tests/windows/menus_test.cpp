@@ -16,7 +16,8 @@ struct ShownMenu {
     bool operator==(const ShownMenu&) const = default;
     friend std::ostream& operator<<(std::ostream& out, const ShownMenu& menu) {
         out << menu.caption << ":";
-        for (const std::string& item : menu.items) out << " [" << item << "]";
+        for (const std::string& item : menu.items)
+            out << " [" << item << "]";
         return out;
     }
 };
@@ -101,9 +102,9 @@ TEST_F(MenuBar, StaysAsItIsWhenOnlyThePageIsTurned) {
 
 TEST_F(MenuBar, DisablesSavingAGameFileUntilOneIsOpen) {
     Open();
-    EXPECT_EQ(Enabled(0, 0), (std::set<std::string>{"Open RailSim File", "Open .xml/.cost/.tgt file",
-                                                    "Save .xml/.cost/.tgt file", "Save .xml As",
-                                                    "Open .TgPcDx Texture Files", "&Exit"}));
+    EXPECT_EQ(Enabled(0, 0),
+              (std::set<std::string>{"Open RailSim File", "Open .xml/.cost/.tgt file", "Save .xml/.cost/.tgt file",
+                                     "Save .xml As", "Open .TgPcDx Texture Files", "&Exit"}));
 }
 
 TEST_F(MenuBar, DisablesSavingFromTheTreeUntilADocumentIsOpen) {
@@ -113,9 +114,9 @@ TEST_F(MenuBar, DisablesSavingFromTheTreeUntilADocumentIsOpen) {
 
 TEST_F(MenuBar, EnablesSavingWithAnOpenDocument) {
     OpenWithTreeEditor(WriteGameFile("Track.bin", "<Track/>"));
-    EXPECT_EQ(Enabled(0, 0), (std::set<std::string>{"Open RailSim File", "Save RailSim File",
-                                                    "Open .xml/.cost/.tgt file", "Save .xml/.cost/.tgt file",
-                                                    "Save .xml As", "Exit"}));
+    EXPECT_EQ(Enabled(0, 0),
+              (std::set<std::string>{"Open RailSim File", "Save RailSim File", "Open .xml/.cost/.tgt file",
+                                     "Save .xml/.cost/.tgt file", "Save .xml As", "Exit"}));
 }
 
 TEST_F(MenuBar, DisablesEveryItemWithoutACommand) {

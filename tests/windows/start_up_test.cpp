@@ -39,9 +39,8 @@ TEST_F(StartUp, TakesPlaceAndSizeFromTheSettingsInTwips) {
         return window_->ToDIP(window_->GetSize()) == wxSize(900, 680) &&
                window_->ToDIP(window_->GetPosition()) == wxPoint(200, 100);
     };
-    EXPECT_TRUE(PumpUntil(reached, milliseconds(5000)))
-        << window_->GetSize().x << "x" << window_->GetSize().y << " at " << window_->GetPosition().x << ","
-        << window_->GetPosition().y;
+    EXPECT_TRUE(PumpUntil(reached, milliseconds(5000))) << window_->GetSize().x << "x" << window_->GetSize().y << " at "
+                                                        << window_->GetPosition().x << "," << window_->GetPosition().y;
 }
 
 TEST_F(StartUp, WritesTheSamePlaceAndSizeWhenTheWindowWasNotTouched) {
@@ -55,11 +54,11 @@ TEST_F(StartUp, WritesTheSamePlaceAndSizeWhenTheWindowWasNotTouched) {
 TEST_F(StartUp, WritesWhereTheWindowWasMovedTo) {
     Open();
     PumpFor(milliseconds(500));
-    window_->SetSize(wxRect(window_->FromDIP(wxPoint(60, 80)), window_->FromDIP(wxSize(840, 680))));
+    window_->SetSize(wxRect(window_->FromDIP(wxPoint(60, 80)), window_->FromDIP(wxSize(880, 680))));
     PumpFor(milliseconds(500));
     Close();
     // 15 twips a pixel.
-    EXPECT_EQ(Settings(), SettingsWith("12600,10200,1200,900"));
+    EXPECT_EQ(Settings(), SettingsWith("13200,10200,1200,900"));
 }
 
 TEST_F(StartUp, KeepsThePlaceOfAMaximisedWindowForItsNextRun) {
@@ -98,9 +97,9 @@ TEST_F(StartUp, TakesTheGameFolderFromTheRegistryWhenTheSettingsHaveNone) {
 TEST_F(StartUp, AsksForTheGameWhenNobodyKnowsWhereItIs) {
     folder_.Write("Program\\preferences.txt", "15000,10500,600,600,\"\",\"\",\"\",#FALSE#\r\n");
     folder_.Write("Rail Simulator\\RailSim.exe", "the game");
-    dialogs_.AnswerMessage({.text = "Use this option to select your Rail Simulator\npath.",
-                            .style = wxICON_EXCLAMATION | wxYES_NO},
-                           wxID_YES);
+    dialogs_.AnswerMessage(
+        {.text = "Use this option to select your Rail Simulator\npath.", .style = wxICON_EXCLAMATION | wxYES_NO},
+        wxID_YES);
     dialogs_.ChooseFile({.title = "Select your RailSim.exe File", .filter = "RailSim Files (*.exe)|*.exe"},
                         game_ + "\\RailSim.exe");
     Open();
@@ -111,8 +110,8 @@ TEST_F(StartUp, AsksForTheGameWhenNobodyKnowsWhereItIs) {
 TEST_F(StartUp, SaysWhenTheSettingsCannotBeUnderstoodAndGoesOn) {
     folder_.Write("Program\\preferences.txt", "15000,wide,600,600\r\n");
     registry_.SetText("Software\\Rail Simulator\\Packager Manager\\Installation", "", "D:\\Rail");
-    dialogs_.AnswerMessage({.text = "Type mismatch\nThe settings in " +
-                                    ForDisplay(program_ + "\\preferences.txt") + " are not used; the file is kept.",
+    dialogs_.AnswerMessage({.text = "Type mismatch\nThe settings in " + ForDisplay(program_ + "\\preferences.txt") +
+                                    " are not used; the file is kept.",
                             .style = wxICON_EXCLAMATION | wxOK});
     Open();
     EXPECT_EQ(session_.RailSimPath, "D:\\Rail");

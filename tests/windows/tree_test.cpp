@@ -20,7 +20,8 @@ protected:
     std::string Text(const wxTreeItemId& row) { return FromWx(Tree().GetItemText(row)); }
     std::vector<std::string> AttributeNames() {
         std::vector<std::string> names;
-        for (const wxString& name : Find<wxListBox>("lstAttributes").GetStrings()) names.push_back(FromWx(name));
+        for (const wxString& name : Find<wxListBox>("lstAttributes").GetStrings())
+            names.push_back(FromWx(name));
         return names;
     }
     std::string Value() { return FromWx(Find<wxTextCtrl>("txtAttributeValue").GetValue()); }
@@ -50,11 +51,14 @@ TEST_F(TreeEditor, ShowsAttributesAndTextOfTheClickedRow) {
     EXPECT_EQ(AttributeNames(), (std::vector<std::string>{"Code", "Open"}));
     EXPECT_EQ(Characters(), "Alder");
     EXPECT_EQ(Value(), "");
-    for (const char* name : {"cmdAdd", "lstAttributes", "txtCharacters"}) EXPECT_TRUE(Find(name).IsEnabled()) << name;
-    for (const char* name : {"cmdDel", "cmdRename", "txtAttributeValue"}) EXPECT_FALSE(Find(name).IsEnabled()) << name;
+    for (const char* name : {"cmdAdd", "lstAttributes", "txtCharacters"})
+        EXPECT_TRUE(Find(name).IsEnabled()) << name;
+    for (const char* name : {"cmdDel", "cmdRename", "txtAttributeValue"})
+        EXPECT_FALSE(Find(name).IsEnabled()) << name;
     ClickAttribute(1);
     EXPECT_EQ(Value(), "yes");
-    for (const char* name : {"cmdDel", "cmdRename", "txtAttributeValue"}) EXPECT_TRUE(Find(name).IsEnabled()) << name;
+    for (const char* name : {"cmdDel", "cmdRename", "txtAttributeValue"})
+        EXPECT_TRUE(Find(name).IsEnabled()) << name;
     EXPECT_FALSE(IsMarked());
 }
 
@@ -137,7 +141,8 @@ TEST_F(TreeEditor, RemovesTheSelectedAttributeWithoutMarkingTheCaption) {
     Press(Find("cmdDel"));
     EXPECT_EQ(AttributeNames(), std::vector<std::string>{"Open"});
     EXPECT_EQ(Value(), "");
-    for (const char* name : {"cmdDel", "cmdRename", "txtAttributeValue"}) EXPECT_FALSE(Find(name).IsEnabled()) << name;
+    for (const char* name : {"cmdDel", "cmdRename", "txtAttributeValue"})
+        EXPECT_FALSE(Find(name).IsEnabled()) << name;
     EXPECT_FALSE(IsMarked());
     EXPECT_NE(Saved().find("<Station Open=\"yes\">"), std::string::npos);
 }
@@ -180,9 +185,8 @@ TEST_F(TreeEditor, RefusesANodeNameWithABlank) {
     OpenDocument();
     ClickRow(Row(Top(), "Halt"));
     ChooseNode("mnuNodePopupRename");
-    dialogs_.AnswerMessage({.text = "Node names cannot have spaces!",
-                            .title = "Invalid character",
-                            .style = wxICON_EXCLAMATION | wxOK});
+    dialogs_.AnswerMessage(
+        {.text = "Node names cannot have spaces!", .title = "Invalid character", .style = wxICON_EXCLAMATION | wxOK});
     FinishLabel("Bus stop");
     EXPECT_EQ(RowTexts(Top()), (std::vector<std::string>{"Station", "Halt"}));
     EXPECT_EQ(Selected().NodeName, "Halt");
@@ -286,7 +290,8 @@ TEST_F(TreeEditor, PastesACopyTwiceWithKeysOfItsOwn) {
     EXPECT_FALSE(IsMarked());
     std::set<std::string> keys;
     document::Walk walk(Selected());
-    while (const document::clsNode* const node = walk.Next()) keys.insert(node->NodeKeyText());
+    while (const document::clsNode* const node = walk.Next())
+        keys.insert(node->NodeKeyText());
     // Halt itself and two elements of each copy.
     EXPECT_EQ(keys.size(), 5U);
     const std::string saved = Saved();

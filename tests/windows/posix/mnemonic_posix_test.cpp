@@ -1,0 +1,15 @@
+#include "windows/keyboard.h"
+
+namespace tamarind::tests {
+namespace {
+
+// Wine does not hand such keys on to buttons.
+TEST_F(Keyboard, AddsAnAttributeWithTheButtonsMnemonicWhileTheTreeHasTheFocus) {
+    OpenLine();
+    dialogs_.UseDialog("frmAddAttribute", [](wxDialog& dialog) { Press(*dialog.FindWindow(wxID_CANCEL)); });
+    Type('A', wxMOD_ALT);
+    EXPECT_TRUE(PumpUntil([this] { return dialogs_.AllCame(); }, milliseconds(5000)));
+}
+
+} // namespace
+} // namespace tamarind::tests
