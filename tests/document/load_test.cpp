@@ -12,9 +12,7 @@ namespace {
 
 using tests::TreeText;
 
-std::string Loaded(std::string_view bytes) {
-    return TreeText(ParseXml(bytes).Top());
-}
+std::string Loaded(std::string_view bytes) { return TreeText(ParseXml(bytes).Top()); }
 
 struct Failure {
     std::string description;
@@ -39,9 +37,7 @@ std::string Utf16(std::string_view ascii, bool bigEndian) {
     return bytes;
 }
 
-TEST(Loading, TextOfALeafIsItsCharacters) {
-    EXPECT_EQ(Loaded("<a>Abc</a>"), "1:a{Abc}()");
-}
+TEST(Loading, TextOfALeafIsItsCharacters) { EXPECT_EQ(Loaded("<a>Abc</a>"), "1:a{Abc}()"); }
 
 TEST(Loading, TextOfAParentIsWhatStandsBeforeItsEndTag) {
     EXPECT_EQ(Loaded("<a>first\n\t<b>Abc</b> between <c/>\n\t</a>"), "1:a{\n\t}(2:b{Abc}()3:c())");
@@ -109,9 +105,7 @@ TEST(Loading, AttributeValueHasItsEntitiesResolved) {
     EXPECT_EQ(Loaded("<a b='&amp;&lt;&gt;&quot;&apos;&#233;'/>"), "1:a[b=&<>\"'\xC3\xA9]()");
 }
 
-TEST(Loading, KeysCountStartTagsFromOne) {
-    EXPECT_EQ(Loaded("<a><b><c/></b><d/></a>"), "1:a(2:b(3:c())4:d())");
-}
+TEST(Loading, KeysCountStartTagsFromOne) { EXPECT_EQ(Loaded("<a><b><c/></b><d/></a>"), "1:a(2:b(3:c())4:d())"); }
 
 TEST(Loading, ParentsLeadBackToTheDocumentNode) {
     const Document document = ParseXml("<a><b/></a>");
@@ -125,9 +119,7 @@ TEST(Loading, DeclarationAndWhatSurroundsTheTopElementAreLost) {
     EXPECT_EQ(Loaded("<?xml version=\"1.0\"?>\n<!-- before -->\n<a/>\n<?after?>\n"), "1:a()");
 }
 
-TEST(Loading, Utf8MayHaveAMark) {
-    EXPECT_EQ(Loaded("\xEF\xBB\xBF<a>\xC3\xA9</a>"), "1:a{\xC3\xA9}()");
-}
+TEST(Loading, Utf8MayHaveAMark) { EXPECT_EQ(Loaded("\xEF\xBB\xBF<a>\xC3\xA9</a>"), "1:a{\xC3\xA9}()"); }
 
 TEST(Loading, Utf16IsReadInBothOrders) {
     EXPECT_EQ(Loaded(Utf16("<a b='c'>text</a>", false)), "1:a[b=c]{text}()");
@@ -231,9 +223,7 @@ TEST(MalformedXml, ByteThatIsNoUtf8IsRefused) {
     EXPECT_EQ(FailureOf("<a>\xE9</a>").description, "not well-formed (invalid token)");
 }
 
-TEST(MalformedXml, UnknownEntityIsRefused) {
-    EXPECT_EQ(FailureOf("<a>&nothing;</a>").description, "undefined entity");
-}
+TEST(MalformedXml, UnknownEntityIsRefused) { EXPECT_EQ(FailureOf("<a>&nothing;</a>").description, "undefined entity"); }
 
 TEST(EntityBomb, IsRefused) {
     std::string text = "<!DOCTYPE a [<!ENTITY e0 \"0123456789\">";
@@ -262,9 +252,7 @@ std::string EntityChain(int entities) {
     return text + "]><a b='&e" + std::to_string(entities) + ";'>&e" + std::to_string(entities) + ";</a>";
 }
 
-TEST(EntityDeclarations, AreReadUpToTwoThousand) {
-    EXPECT_EQ(Loaded(EntityChain(2000)), "1:a[b=x]{x}()");
-}
+TEST(EntityDeclarations, AreReadUpToTwoThousand) { EXPECT_EQ(Loaded(EntityChain(2000)), "1:a[b=x]{x}()"); }
 
 TEST(EntityDeclarations, AreRefusedBeyondTwoThousand) {
     const Failure failure = FailureOf(EntityChain(2001));

@@ -12,8 +12,7 @@ namespace {
 using text::ErrorNumber;
 using text::RuntimeError;
 
-template <typename Action>
-int ErrorOf(Action action) {
+template <typename Action> int ErrorOf(Action action) {
     try {
         action();
     } catch (const RuntimeError& error) {
@@ -114,9 +113,7 @@ TEST_F(ThreeChildren, KeyInTheSameCollectionTwiceIsRefused) {
     EXPECT_EQ(top.ChildNodes.Count(), 3u);
 }
 
-TEST_F(ThreeChildren, KeyOfAnotherCollectionIsAllowed) {
-    EXPECT_EQ(document.AddNode(a, "d", "", 3).Key, 3u);
-}
+TEST_F(ThreeChildren, KeyOfAnotherCollectionIsAllowed) { EXPECT_EQ(document.AddNode(a, "d", "", 3).Key, 3u); }
 
 TEST_F(ThreeChildren, KeysInAnyOrderAreFoundAndRefused) {
     clsNode& ten = document.AddNode(top, "ten", "", 10);

@@ -40,13 +40,9 @@ TEST(Writing, StartsWithTheFixedDeclaration) {
               "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<a></a>\r\n");
 }
 
-TEST(Writing, EmptyElementIsTwoTagsOnOneLine) {
-    EXPECT_EQ(Rewritten("<Flag/>"), "<Flag></Flag>\r\n");
-}
+TEST(Writing, EmptyElementIsTwoTagsOnOneLine) { EXPECT_EQ(Rewritten("<Flag/>"), "<Flag></Flag>\r\n"); }
 
-TEST(Writing, LeafStandsOnOneLineWithItsText) {
-    EXPECT_EQ(Rewritten("<a>Abc</a>"), "<a>Abc</a>\r\n");
-}
+TEST(Writing, LeafStandsOnOneLineWithItsText) { EXPECT_EQ(Rewritten("<a>Abc</a>"), "<a>Abc</a>\r\n"); }
 
 TEST(Writing, AttributesStandInOrderInDoubleQuotes) {
     EXPECT_EQ(Rewritten("<a z='1' d:id='2' b=''/>"), "<a z=\"1\" d:id=\"2\" b=\"\"></a>\r\n");

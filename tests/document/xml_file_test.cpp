@@ -12,9 +12,9 @@
 namespace tamarind::document {
 namespace {
 
+using testing::ElementsAre;
 using tests::TempFolder;
 using tests::TreeText;
-using testing::ElementsAre;
 
 constexpr const char* kNewContent = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<a>new</a>\r\n";
 

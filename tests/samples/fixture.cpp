@@ -44,9 +44,7 @@ SampleTest::~SampleTest() {
     fs::remove_all(Reachable(folder_), ignored);
 }
 
-fs::path SampleTest::Path(const std::string& name) const {
-    return folder_ / std::u8string(name.begin(), name.end());
-}
+fs::path SampleTest::Path(const std::string& name) const { return folder_ / std::u8string(name.begin(), name.end()); }
 
 int SampleTest::Serz(const fs::path& input, const std::string& form, const fs::path& output,
                      const Environment& environment) {

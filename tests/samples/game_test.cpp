@@ -171,9 +171,8 @@ TEST_F(SampleGame, HasServicesLooseConsistsAndAnEmptyOne) {
     EXPECT_EQ(Values(scenario, "PlayerDriver"), (std::vector<std::string>{"1", "0", "0", "0"}));
     EXPECT_EQ(Values(scenario, "PlayerControlled"), (std::vector<std::string>{"1", "0", "0", "0"}));
     EXPECT_EQ(Values(scenario, "ServiceName").size(), 2U);
-    EXPECT_EQ(Values(scenario, "Name"),
-              (std::vector<std::string>{"Wren 12", "Salt Van 301", "Salt Van 302", "Otter 4", "Mail Coach 7",
-                                        "Salt Van 310", ""}));
+    EXPECT_EQ(Values(scenario, "Name"), (std::vector<std::string>{"Wren 12", "Salt Van 301", "Salt Van 302", "Otter 4",
+                                                                  "Mail Coach 7", "Salt Van 310", ""}));
     const std::size_t last = scenario.rfind("<cConsist");
     EXPECT_EQ(scenario.find("<Name", last), std::string::npos);
 }
@@ -317,9 +316,7 @@ TEST(EncodeDxt3, PutsFourBitsOfAlphaBeforeTheColours) {
     EXPECT_EQ(EncodeDxt3(picture), std::string("\x1F\xFF\xFF\xFF\xFF\xFF\xFF\xFF\0\0\0\0\0\0\0\0", 16));
 }
 
-TEST(Encode32Bit, OrdersBlueGreenRedAlpha) {
-    EXPECT_EQ(Encode32Bit({1, 1, {Pixel{1, 2, 3, 4}}}), "\x03\x02\x01\x04");
-}
+TEST(Encode32Bit, OrdersBlueGreenRedAlpha) { EXPECT_EQ(Encode32Bit({1, 1, {Pixel{1, 2, 3, 4}}}), "\x03\x02\x01\x04"); }
 
 TEST(Halved, GivesTheMeanOfFourPixels) {
     const Picture picture{2, 2, {{10, 0, 0, 255}, {20, 0, 0, 255}, {30, 0, 0, 255}, {40, 8, 0, 255}}};

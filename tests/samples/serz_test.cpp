@@ -16,9 +16,7 @@ using Clock = std::chrono::steady_clock;
 constexpr std::string_view kXml = "<?xml version=\"1.0\"?>\r\n<a b=\"1 > 0\">\xE9\r\n\t<c/>text</a>\r\n";
 
 // "123456789" is the customary check text of CRC-32; its value is CBF43926.
-TEST(Crc32, GivesTheCheckValueOfItsDefinition) {
-    EXPECT_EQ(Crc32("123456789"), 0xCBF43926U);
-}
+TEST(Crc32, GivesTheCheckValueOfItsDefinition) { EXPECT_EQ(Crc32("123456789"), 0xCBF43926U); }
 
 TEST(EncodeBinary, BeginsWithMagicVersionLengthAndChecksum) {
     const std::string bytes = EncodeBinary("123456789");
@@ -30,9 +28,7 @@ TEST(EncodeBinary, BeginsWithMagicVersionLengthAndChecksum) {
 }
 
 // Mask bytes: 167 = A7, 198 = C6, 229 = E5; "1" is 31, "2" is 32, "3" is 33.
-TEST(EncodeBinary, MasksEveryByteByItsPosition) {
-    EXPECT_EQ(EncodeBinary("123").substr(20), "\x96\xF4\xD6");
-}
+TEST(EncodeBinary, MasksEveryByteByItsPosition) { EXPECT_EQ(EncodeBinary("123").substr(20), "\x96\xF4\xD6"); }
 
 TEST(DecodeBinary, GivesBackAllByteValues) {
     std::string bytes;
@@ -58,9 +54,7 @@ TEST(DecodeBinary, RefusesEverySingleChangedByte) {
     }
 }
 
-TEST(DecodeBinary, RefusesBytesAfterTheEnd) {
-    EXPECT_FALSE(DecodeBinary(EncodeBinary(kXml) + "x"));
-}
+TEST(DecodeBinary, RefusesBytesAfterTheEnd) { EXPECT_FALSE(DecodeBinary(EncodeBinary(kXml) + "x")); }
 
 TEST(IsBalancedXml, IsTrueForElementsInsideEachOther) {
     EXPECT_TRUE(IsBalancedXml("<a/>"));
@@ -77,9 +71,8 @@ TEST(IsBalancedXml, IsFalseForTagsThatDoNotMatch) {
 }
 
 TEST(IsBalancedXml, IsFalseForUnfinishedMarkup) {
-    for (const std::string_view text :
-         {"<", "<a", "<a b=\"", "<a b=\"1></a>", "<a><!-- </a>", "<a><![CDATA[</a>", "<?xml", "<a><b</a>", "<>",
-          "< a/>"}) {
+    for (const std::string_view text : {"<", "<a", "<a b=\"", "<a b=\"1></a>", "<a><!-- </a>", "<a><![CDATA[</a>",
+                                        "<?xml", "<a><b</a>", "<>", "< a/>"}) {
         EXPECT_FALSE(IsBalancedXml(text)) << text;
     }
 }

@@ -14,9 +14,7 @@ using text::RuntimeError;
 
 namespace {
 
-[[noreturn]] void Fail(ErrorNumber number, const std::string& path) {
-    throw RuntimeError(number, path);
-}
+[[noreturn]] void Fail(ErrorNumber number, const std::string& path) { throw RuntimeError(number, path); }
 
 /// Reads a few bytes at a time, so that nothing may rely on whole files.
 class MemoryInput : public platform::InputFile {
@@ -73,9 +71,7 @@ void RequireFree(const MemoryFiles& files, const std::string& path) {
 
 } // namespace
 
-bool MemoryFiles::EntryExists(const std::string& path) const {
-    return contents.contains(path) || IsFolder(path);
-}
+bool MemoryFiles::EntryExists(const std::string& path) const { return contents.contains(path) || IsFolder(path); }
 
 bool MemoryFiles::IsFolder(const std::string& path) const {
     return folders.contains(platform::WithoutTrailingBackslash(path));
@@ -115,13 +111,9 @@ std::vector<platform::FolderEntry> MemoryFiles::List(const std::string& folder) 
     return entries;
 }
 
-std::string MemoryFiles::ResolveLinks(const std::string& path) const {
-    return path;
-}
+std::string MemoryFiles::ResolveLinks(const std::string& path) const { return path; }
 
-bool MemoryFiles::IsWriteProtected(const std::string& path) const {
-    return readOnly.contains(path);
-}
+bool MemoryFiles::IsWriteProtected(const std::string& path) const { return readOnly.contains(path); }
 
 std::unique_ptr<platform::OutputFile> MemoryFiles::Create(const std::string& path, platform::CreateMode mode) {
     if (mode == platform::CreateMode::New) {
@@ -175,9 +167,7 @@ void MemoryFiles::CopyAttributes(const std::string& from, const std::string& to)
     }
 }
 
-void MemoryFiles::MakeWritable(const std::string& path) {
-    readOnly.erase(path);
-}
+void MemoryFiles::MakeWritable(const std::string& path) { readOnly.erase(path); }
 
 void MemoryFiles::Remove(const std::string& path, bool force) {
     RequireFile(*this, path);
