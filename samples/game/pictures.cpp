@@ -91,7 +91,10 @@ std::string AlphaBytes(const Block& block) {
 
 } // namespace
 
-const Pixel& Picture::At(int column, int row) const { return pixels[static_cast<std::size_t>(row * width + column)]; }
+const Pixel& Picture::At(int column, int row) const {
+    const auto index = [](int number) { return static_cast<std::size_t>(number); };
+    return pixels[index(row) * index(width) + index(column)];
+}
 
 Picture DrawBricks(int size) {
     return Draw(size, [size](int column, int row) {

@@ -142,7 +142,7 @@ void clsXMLParse::StartElement(const XML_Char* name, const XML_Char** attributes
         ++texts;
     }
     document_.ReserveAttributes(*current_, texts / 2);
-    for (const char** pair = attributes; *pair != nullptr; pair += 2) {
+    for (const char** pair = attributes; pair[0] != nullptr && pair[1] != nullptr; pair += 2) {
         document_.AddAttribute(*current_, pair[0], pair[1]);
     }
 }

@@ -17,7 +17,6 @@ using platform::FileDialog;
 using platform::ForDisplay;
 using testing::ElementsAre;
 using testing::EndsWith;
-using testing::HasSubstr;
 
 constexpr const char* kDeclaration = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n";
 

@@ -9,7 +9,6 @@
 namespace tamarind::document {
 namespace {
 
-using text::ErrorNumber;
 using text::RuntimeError;
 
 template <typename Action> int ErrorOf(Action action) {

@@ -169,7 +169,8 @@ TEST(Writing, SinkGetsLargePieces) {
         bytes += piece.size();
     });
     EXPECT_GT(bytes / pieces, 65'536u);
-    EXPECT_EQ(bytes, kDeclaration.size() + 5 + 49'998u * 14 + 6); // <a> CR LF, lines of 14 bytes, </a> CR LF
+    EXPECT_EQ(bytes,
+              kDeclaration.size() + 5 + std::size_t{49'998} * 14 + 6); // <a> CR LF, lines of 14 bytes, </a> CR LF
 }
 
 TEST(DeepTree, Of32767LevelsIsWritten) {

@@ -3,7 +3,7 @@
 namespace tamarind::tests {
 namespace {
 
-// Wine does not hand such keys on to buttons.
+// Under Wine such keys did not reach the buttons, so the test is for this system alone.
 TEST_F(Keyboard, AddsAnAttributeWithTheButtonsMnemonicWhileTheTreeHasTheFocus) {
     OpenLine();
     dialogs_.UseDialog("frmAddAttribute", [](wxDialog& dialog) { Press(*dialog.FindWindow(wxID_CANCEL)); });
