@@ -24,7 +24,7 @@ for editor in FALSE TRUE; do
 done
 settle() { sleep 0.3; }
 text_area="100 200 400 350"
-rows_area="60 160 250 60"
+rows_area="75 152 250 55"
 probe() { # name area keys... -- command
   local name=$1 area=$2
   shift 2

@@ -20,7 +20,6 @@
 #include <cstdlib>
 #include <string>
 #include <thread>
-#include <unordered_map>
 #include <vector>
 
 namespace {
@@ -32,8 +31,8 @@ constexpr std::chrono::seconds kPatience(60);
 constexpr std::chrono::milliseconds kStill(700);
 /// More pixels than a blinking caret has.
 constexpr std::size_t kChangedPixels = 60;
-/// Text covers at least this share of the rectangle, in pixels of another colour than the most frequent one.
-constexpr double kTextShare = 0.01;
+/// Text covers at least this share of the rectangle with dark pixels.
+constexpr double kTextShare = 0.005;
 
 struct Area {
     int x = 0;
@@ -55,20 +54,15 @@ std::vector<unsigned long> Picture(Display* display, const Area& area) {
     return pixels;
 }
 
+/// Letters, dark in their green part, on a light ground: a window that is only half painted has no dark pixels yet.
 bool HoldsText(const std::vector<unsigned long>& pixels) {
-    std::unordered_map<unsigned long, std::size_t> counts;
-    for (const unsigned long pixel : pixels)
-        ++counts[pixel];
-    std::size_t most = 0;
-    unsigned long ground = 0;
-    for (const auto& [pixel, count] : counts) {
-        if (count > most) {
-            most = count;
-            ground = pixel;
-        }
-    }
-    const bool light = (ground & 0xFFU) > 0x80U;
-    return light && static_cast<double>(pixels.size() - most) > kTextShare * static_cast<double>(pixels.size());
+    const auto count = [&pixels](auto condition) {
+        return static_cast<double>(std::count_if(pixels.begin(), pixels.end(), condition));
+    };
+    const auto all = static_cast<double>(pixels.size());
+    const double light = count([](unsigned long pixel) { return (pixel >> 8U & 0xFFU) > 0xC0U; });
+    const double dark = count([](unsigned long pixel) { return (pixel >> 8U & 0xFFU) < 0x60U; });
+    return light > all / 2 && dark > kTextShare * all;
 }
 
 bool HasChanged(const std::vector<unsigned long>& before, const std::vector<unsigned long>& now) {

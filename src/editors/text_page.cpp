@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace tamarind::editors {
 
@@ -89,7 +90,7 @@ void TextPage::SetUpEditor() {
     editor.SetIdleStyling(wxSTC_IDLESTYLING_ALL);
     editor.SetLayoutCache(wxSTC_CACHE_PAGE);
     editor.Bind(wxEVT_STC_PAINTED, [this](wxStyledTextEvent& event) {
-        isPainted_ = true;
+        if (!std::exchange(isPainted_, true)) CallAfter([this] { MakeRoomAtStart(); });
         event.Skip();
     });
 }
@@ -111,7 +112,6 @@ void TextPage::SetText(const std::string& text) {
     if (editor.IsShownOnScreen()) editor.SetFocus();
     FitScrollWidth();
     isPainted_ = false;
-    CallAfter([this] { MakeRoomAtStart(); });
 }
 
 // The control keeps its free room where the last change was, now the end, and the first key typed into a large text
