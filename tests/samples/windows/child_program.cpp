@@ -91,9 +91,10 @@ ChildProgram::ChildProgram(const std::filesystem::path& program, const Arguments
     const BOOL started =
         CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, hasFiles ? TRUE : FALSE, 0, nullptr,
                        surroundings.folder.empty() ? nullptr : surroundings.folder.c_str(), &start, &process);
+    const DWORD error = started != FALSE ? ERROR_SUCCESS : GetLastError();
     changes.clear();
     if (started == FALSE) {
-        throw std::runtime_error("cannot start " + program.string());
+        throw std::runtime_error("cannot start " + program.string() + ": system error " + std::to_string(error));
     }
     CloseHandle(process.hThread);
     system_->process = process.hProcess;
