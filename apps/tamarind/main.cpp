@@ -1,6 +1,7 @@
 #include "platform/console.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
+#include "platform/wx/toolkit.h"
 #include "session/session.h"
 #include "shell/frmEditor.h"
 
@@ -15,6 +16,7 @@ class TamarindApp : public wxApp {
 public:
     bool OnInit() override {
         SetAppName(platform::kApplicationTitle);
+        platform::SetUpToolkit();
         wxInitAllImageHandlers();
         session_.ProgramFolder = platform::ExecutableFolder();
         auto* const window = new shell::frmEditor(session_, {*files_, *processes_, *registry_});

@@ -61,9 +61,13 @@ void KeepUnsaved(EditorContext& context, std::string (*keep)(EditorContext&), co
     }
 }
 
-void ReplaceEditorText(EditorContext& context, const std::string& text) {
+/// The file's text in the editor; no text for a missing file.
+void ShowTextOf(EditorContext& context, const std::string& path) {
     KeepUnsaved(context, KeepUnsavedText, "The text");
-    context.view.SetEditorText(text);
+    const auto& files = context.platform.files;
+    const auto stamp = files.Stamp(path);
+    context.view.FillEditorText(stamp ? static_cast<std::size_t>(stamp->size) : 0,
+                                [&](const session::TextSink& take) { platform::ReadUniFile(files, path, take); });
 }
 
 /// Loads an XML file over the document without a question.
@@ -142,18 +146,12 @@ bool ChooseGameFile(EditorContext& context, const FileDialog& dialog) {
     return MayConvert(context, TempBaseOf(context, file), file);
 }
 
-std::string ConvertedText(EditorContext& context) {
-    std::string text;
-    platform::ReadUniFile(context.platform.files, context.session.TempBase + "xml", text);
-    return text;
-}
-
 bool OpenIntoTextEditor(EditorContext& context, const FileDialog& dialog, bool takeExtension) {
     if (!ChooseGameFile(context, dialog)) return false;
     const BusyPointer busy(context.ui);
     ShowChosenFile(context);
     const bool converted = ConvertChosenFile(context, takeExtension);
-    ReplaceEditorText(context, ConvertedText(context));
+    ShowTextOf(context, context.session.TempBase + "xml");
     context.view.UpdateCommands();
     return converted;
 }
@@ -228,9 +226,7 @@ bool OpenXmlFile(EditorContext& context) {
     const BusyPointer busy(context.ui);
     ShowChosenFile(context);
     const std::string path = session.CommandFile;
-    std::string text;
-    platform::ReadUniFile(context.platform.files, path, text);
-    ReplaceEditorText(context, text);
+    ShowTextOf(context, path);
     // The text of a large file is on screen before its tree is made.
     context.view.PaintEditorText();
     ReplaceDocument(context, path);
@@ -281,7 +277,7 @@ bool OpenRailSimFileInTree(EditorContext& context) {
     if (editors::NewDocument(context, xml) && platform::FileExists(context.platform.files, xml)) {
         editors::LoadXmlFile(context);
     }
-    ReplaceEditorText(context, ConvertedText(context));
+    ShowTextOf(context, xml);
     context.view.UpdateCommands();
     return converted;
 }
@@ -296,9 +292,7 @@ bool OpenXmlFileInTree(EditorContext& context) {
     const BusyPointer busy(context.ui);
     // The file of the last open command, where there was one, takes the place of the dialog's choice.
     ReplaceDocument(context, session.CommandFile);
-    std::string text;
-    platform::ReadUniFile(context.platform.files, context.document.path, text);
-    ReplaceEditorText(context, text);
+    ShowTextOf(context, context.document.path);
     return true;
 }
 

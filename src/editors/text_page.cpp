@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace tamarind::editors {
@@ -33,6 +34,26 @@ constexpr int kEverything = wxSTC_MODEVENTMASKALL;
 constexpr std::size_t kSpareRoom = 65536;
 constexpr std::size_t kLargestText = std::numeric_limits<int>::max();
 constexpr long kPaintPatience = 500; // milliseconds
+
+/// Changes of a text that was never typed: its undo and change events would cost more than the text itself.
+class Untracked {
+public:
+    explicit Untracked(wxStyledTextCtrl& editor) : editor_(editor) {
+        editor_.SetModEventMask(0);
+        editor_.SetUndoCollection(false);
+    }
+    ~Untracked() {
+        editor_.SetUndoCollection(true);
+        editor_.EmptyUndoBuffer();
+        editor_.SetSavePoint();
+        editor_.SetModEventMask(kEverything);
+    }
+    Untracked(const Untracked&) = delete;
+    Untracked& operator=(const Untracked&) = delete;
+
+private:
+    wxStyledTextCtrl& editor_;
+};
 
 } // namespace
 
@@ -95,19 +116,29 @@ void TextPage::SetUpEditor() {
     });
 }
 
-void TextPage::SetText(const std::string& text) {
+void TextPage::FillText(std::size_t size, const std::function<void(const session::TextSink& take)>& write) {
     auto& editor = *richTextBox1_;
-    // Undo and change events of a text that was never typed cost more than the text itself.
-    editor.SetModEventMask(0);
-    editor.SetUndoCollection(false);
-    editor.ClearAll();
-    editor.Allocate(static_cast<int>(std::min(text.size() + kSpareRoom, kLargestText)));
-    editor.AppendTextRaw(text.data(), static_cast<int>(text.size()));
-    editor.SetEOLMode(text.find("\r\n") == std::string::npos ? wxSTC_EOL_LF : wxSTC_EOL_CRLF);
-    editor.SetUndoCollection(true);
-    editor.EmptyUndoBuffer();
-    editor.SetModEventMask(kEverything);
-    editor.SetSavePoint();
+    std::optional<Untracked> untracked;
+    const auto begin = [&] {
+        if (untracked) return;
+        untracked.emplace(editor);
+        editor.ClearAll();
+        editor.Allocate(static_cast<int>(std::min(size + kSpareRoom, kLargestText)));
+    };
+    try {
+        write([&](std::string_view piece) {
+            begin();
+            editor.AppendTextRaw(piece.data(), static_cast<int>(piece.size()));
+        });
+    } catch (...) {
+        if (untracked) editor.ClearAll();
+        throw;
+    }
+    begin(); // nothing handed over is an empty text
+    untracked.reset();
+    const int lineEnd = editor.GetLineEndPosition(0);
+    const bool hasCrLf = editor.GetCharAt(lineEnd) == '\r' && editor.GetCharAt(lineEnd + 1) == '\n';
+    editor.SetEOLMode(hasCrLf ? wxSTC_EOL_CRLF : wxSTC_EOL_LF);
     editor.GotoPos(0);
     if (editor.IsShownOnScreen()) editor.SetFocus();
     FitScrollWidth();
@@ -119,14 +150,9 @@ void TextPage::SetText(const std::string& text) {
 void TextPage::MakeRoomAtStart() {
     auto& editor = *richTextBox1_;
     if (editor.GetModify() || editor.GetCurrentPos() != 0) return;
-    editor.SetModEventMask(0);
-    editor.SetUndoCollection(false);
+    const Untracked untracked(editor);
     editor.InsertText(0, " ");
     editor.DeleteRange(0, 1);
-    editor.SetUndoCollection(true);
-    editor.EmptyUndoBuffer();
-    editor.SetSavePoint();
-    editor.SetModEventMask(kEverything);
 }
 
 void TextPage::Paint() {

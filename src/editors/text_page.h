@@ -1,9 +1,12 @@
 #pragma once
 
 #include "editors/page_state.h"
+#include "session/editor_view.h"
 
 #include <wx/panel.h>
 
+#include <cstddef>
+#include <functional>
 #include <string>
 
 class wxButton;
@@ -19,7 +22,8 @@ public:
     explicit TextPage(wxWindow* parent);
 
     /// Replaces the whole text, unmodified, the caret at its start.
-    void SetText(const std::string& text);
+    /// As EditorView::FillEditorText tells.
+    void FillText(std::size_t size, const std::function<void(const session::TextSink& take)>& write);
     /// Lets events happen until the text set last is painted, for half a second at most.
     void Paint();
     [[nodiscard]] std::string Text() const;

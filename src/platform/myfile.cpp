@@ -105,6 +105,22 @@ void ReadUniFile(const Files& files, const std::string& path, std::string& text)
     text = text::EndsWithNoCase(path, "mkr") ? text::FromUtf16(bytes) : text::FromCodePage(std::move(bytes));
 }
 
+void ReadUniFile(const Files& files, const std::string& path, const std::function<void(std::string_view)>& take) {
+    if (text::EndsWithNoCase(path, "mkr")) {
+        std::string text;
+        ReadUniFile(files, path, text);
+        take(text);
+        return;
+    }
+    if (!files.Stamp(path)) return;
+    const std::unique_ptr<InputFile> file = files.Open(path);
+    std::string block(kBlock, '\0');
+    while (const std::size_t count = file->Read(block)) {
+        const std::string_view bytes = std::string_view(block).substr(0, count);
+        take(text::IsAscii(bytes) ? bytes : text::FromCodePage(std::string(bytes)));
+    }
+}
+
 bool WriteUniFile(Files& files, UserInterface& ui, const std::string& path, std::string_view text) {
     try {
         WriteSafely(files, path, text::ToCodePage(text));

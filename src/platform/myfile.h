@@ -3,6 +3,7 @@
 #include "platform/file_system.h"
 #include "platform/ui.h"
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,6 +23,9 @@ namespace tamarind::platform {
 /// Reads a whole text file into `text` as UTF-8: a file whose name ends in "mkr" from UTF-16, any other from
 /// Windows-1252. A missing file leaves `text` as it is. Errors as Files::Open.
 void ReadUniFile(const Files& files, const std::string& path, std::string& text);
+
+/// The same text, handed over piece by piece; nothing for a missing file.
+void ReadUniFile(const Files& files, const std::string& path, const std::function<void(std::string_view)>& take);
 
 /// Creates or replaces a text file, in Windows-1252, no line end added. The old content stays until the new one is
 /// whole on disk. Returns whether it worked; an error is shown to the user, and nothing is thrown.

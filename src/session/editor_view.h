@@ -2,9 +2,12 @@
 
 #include "document/clsNode.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tamarind::session {
@@ -25,6 +28,9 @@ struct NewAttribute {
     std::string value;
 };
 
+/// Takes a text piece by piece.
+using TextSink = std::function<void(std::string_view piece)>;
+
 /// What the commands need of the main window. Indices count from 0, -1 is none.
 class EditorView {
 public:
@@ -42,7 +48,13 @@ public:
     virtual void CloseWindow() = 0;
 
     // The text page.
-    virtual void SetEditorText(const std::string& text) = 0;
+    /// Replaces the text by what `write` hands over: a large one is never in memory twice. `size` in bytes is a guess
+    /// for the room to make. When `write` throws, the old text stays if nothing was handed over yet; else there is no
+    /// text, rather than half of one that could be saved.
+    virtual void FillEditorText(std::size_t size, const std::function<void(const TextSink& take)>& write) = 0;
+    void SetEditorText(std::string_view text) {
+        FillEditorText(text.size(), [text](const TextSink& take) { take(text); });
+    }
     /// Returns once the text set last is painted, or soon where the page is not visible.
     virtual void PaintEditorText() = 0;
     [[nodiscard]] virtual std::string EditorText() const = 0;

@@ -2,6 +2,8 @@
 
 #include "session/editor_view.h"
 
+#include <utility>
+
 namespace tamarind::session {
 
 /// A main window that nobody sees: it keeps the texts, so that commands run without a window system.
@@ -15,7 +17,12 @@ public:
     void UpdateCommands() override {}
     void ShowWindow() override {}
     void CloseWindow() override {}
-    void SetEditorText(const std::string& text) override { text_ = text; }
+    void FillEditorText(std::size_t size, const std::function<void(const TextSink& take)>& write) override {
+        std::string text;
+        text.reserve(size);
+        write([&text](std::string_view piece) { text += piece; });
+        text_ = std::move(text);
+    }
     void PaintEditorText() override {}
     [[nodiscard]] std::string EditorText() const override { return text_; }
     [[nodiscard]] bool IsEditorTextModified() const override { return false; }

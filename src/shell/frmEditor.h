@@ -56,7 +56,7 @@ private:
     void UpdateCommands() override;
     void ShowWindow() override;
     void CloseWindow() override;
-    void SetEditorText(const std::string& text) override;
+    void FillEditorText(std::size_t size, const std::function<void(const session::TextSink& take)>& write) override;
     void PaintEditorText() override;
     [[nodiscard]] std::string EditorText() const override;
     [[nodiscard]] bool IsEditorTextModified() const override;

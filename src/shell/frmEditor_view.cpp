@@ -78,7 +78,9 @@ void frmEditor::CloseWindow() {
     CallAfter([this] { Close(); });
 }
 
-void frmEditor::SetEditorText(const std::string& text) { textPage_->SetText(text); }
+void frmEditor::FillEditorText(std::size_t size, const std::function<void(const session::TextSink& take)>& write) {
+    textPage_->FillText(size, write);
+}
 
 void frmEditor::PaintEditorText() { textPage_->Paint(); }
 

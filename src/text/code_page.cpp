@@ -21,7 +21,7 @@ int ToByte(char32_t codePoint) {
     return found == kHighControls.end() ? kNoByte : static_cast<int>(0x80 + (found - kHighControls.begin()));
 }
 
-bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+bool IsAsciiByte(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
 /// Length of the part before the first byte that is not ASCII; eight bytes at a time, for texts of many megabytes.
 std::size_t AsciiPrefix(std::string_view text) {
@@ -31,7 +31,7 @@ std::size_t AsciiPrefix(std::string_view text) {
         std::memcpy(&bytes, text.data() + length, sizeof bytes);
         if ((bytes & kHighBits) != 0) break;
     }
-    while (length < text.size() && IsAscii(text[length]))
+    while (length < text.size() && IsAsciiByte(text[length]))
         ++length;
     return length;
 }
@@ -52,6 +52,8 @@ bool IsShortest(char32_t value, std::size_t length) {
 bool IsSurrogate(char32_t value) { return value >= 0xD800 && value <= 0xDFFF; }
 
 } // namespace
+
+bool IsAscii(std::string_view text) { return AsciiPrefix(text) == text.size(); }
 
 char32_t CodePageToUnicode(std::uint8_t byte) {
     return byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80U] : char32_t{byte};
@@ -108,7 +110,7 @@ std::string FromCodePage(std::string bytes) {
     text.reserve(bytes.size() + bytes.size() / 8);
     text.append(bytes, 0, plain);
     for (std::size_t i = plain; i < bytes.size(); ++i) {
-        if (IsAscii(bytes[i])) {
+        if (IsAsciiByte(bytes[i])) {
             text += bytes[i];
         } else {
             AppendUtf8(text, CodePageToUnicode(static_cast<std::uint8_t>(bytes[i])));

@@ -6,6 +6,9 @@
 
 namespace tamarind::text {
 
+/// Whether every byte is below 80, so that the text is the same in UTF-8 and in every code page.
+[[nodiscard]] bool IsAscii(std::string_view text);
+
 /// Windows-1252 bytes as UTF-8. All 256 bytes have a character: the five that the code page leaves undefined
 /// (81, 8D, 8F, 90, 9D) become the control characters of the same number.
 [[nodiscard]] std::string FromCodePage(std::string bytes);

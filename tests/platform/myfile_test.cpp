@@ -97,6 +97,22 @@ TEST(ReadUniFile, EmptiesTheTextForAnEmptyFile) {
     EXPECT_EQ(text, "");
 }
 
+std::string InPieces(const TempFolder& folder, const std::string& path) {
+    std::string text;
+    ReadUniFile(folder.Disk(), path, [&text](std::string_view piece) { text += piece; });
+    return text;
+}
+
+TEST(ReadUniFile, HandsOverTheSameTextInPieces) {
+    const TempFolder folder;
+    std::string bytes(300'000, 'x');
+    bytes += "caf\xE9";
+    EXPECT_EQ(InPieces(folder, folder.Write("x.xml", bytes)), std::string(300'000, 'x') + "café");
+    EXPECT_EQ(InPieces(folder, folder.Write("x.mkr", std::string("\xFF\xFE\xE9\x00", 4))), "é");
+    EXPECT_EQ(InPieces(folder, folder.Write("empty.xml", "")), "");
+    EXPECT_EQ(InPieces(folder, folder / "missing.xml"), "");
+}
+
 TEST(WriteUniFile, WritesTheCodePageAndNoLineEnd) {
     const TempFolder folder;
     ScriptedUserInterface ui;

@@ -43,8 +43,8 @@ public:
     void UpdateCommands() override { ++updates; }
     void ShowWindow() override { calls.emplace_back("ShowWindow"); }
     void CloseWindow() override { calls.emplace_back("CloseWindow"); }
-    void SetEditorText(const std::string& text) override {
-        HeadlessView::SetEditorText(text);
+    void FillEditorText(std::size_t size, const std::function<void(const session::TextSink& take)>& write) override {
+        HeadlessView::FillEditorText(size, write);
         isTextModified = false;
     }
     [[nodiscard]] bool IsEditorTextModified() const override { return isTextModified; }

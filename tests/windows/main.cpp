@@ -1,3 +1,5 @@
+#include "platform/wx/toolkit.h"
+
 #include <gtest/gtest.h>
 
 #include <wx/app.h>

@@ -1,0 +1,102 @@
+#include "windows/editor_window.h"
+
+#include <wx/stc/stc.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace tamarind::tests {
+namespace {
+
+using std::chrono::steady_clock;
+
+constexpr milliseconds kLongestPause(LONGEST_PAUSE_MS);
+constexpr milliseconds kTick(5);
+constexpr std::size_t kFiftyMegabytes = 50'000'000;
+
+/// Measures how long the program answers nothing: a timer that should tick all the time.
+class PauseMeter : public wxTimer {
+public:
+    PauseMeter() { Start(static_cast<int>(kTick.count())); }
+    void Notify() override {
+        const auto now = steady_clock::now();
+        longest_ = std::max(longest_, std::chrono::duration_cast<milliseconds>(now - last_));
+        last_ = now;
+    }
+    [[nodiscard]] milliseconds Longest() const { return longest_; }
+
+private:
+    steady_clock::time_point last_ = steady_clock::now();
+    milliseconds longest_{0};
+};
+
+class LargeText : public EditorWindow {
+protected:
+    wxStyledTextCtrl& Editor() { return Find<wxStyledTextCtrl>("RichTextBox1"); }
+    std::size_t Length() { return static_cast<std::size_t>(Editor().GetLength()); }
+    session::EditorView& View() { return window_->Context().view; }
+};
+
+std::string XmlOfFiftyMegabytes() {
+    const std::string line = "  <s:Value d:type=\"sFloat32\" d:alt_encoding=\"0000000000000000\">1435</s:Value>\r\n";
+    std::string xml = "<Values>\r\n";
+    while (xml.size() < kFiftyMegabytes)
+        xml += line;
+    return xml + "</Values>\r\n";
+}
+
+TEST_F(LargeText, OfFiftyMegabytesIsShownWithoutALongPause) {
+    Open();
+    const std::string xml = XmlOfFiftyMegabytes();
+    session_.CommandFile = folder_.Write("Rail Simulator\\large.xml", xml);
+    milliseconds longest(milliseconds::max());
+    // The best of three: a busy machine makes pauses of its own.
+    for (int attempt = 0; attempt < 3 && longest >= kLongestPause; ++attempt) {
+        View().SetEditorText("");
+        Pump();
+        const PauseMeter meter;
+        session_.UseCommandFile = true;
+        Choose("mnuXML");
+        EXPECT_TRUE(PumpUntil([&] { return Length() == xml.size(); }));
+        PumpFor(milliseconds(100));
+        longest = meter.Longest();
+    }
+    EXPECT_LT(longest.count(), kLongestPause.count());
+    EXPECT_EQ(Editor().GetEOLMode(), wxSTC_EOL_CRLF);
+    EXPECT_FALSE(Editor().CanUndo());
+    EXPECT_FALSE(Editor().GetModify());
+}
+
+TEST_F(LargeText, ThatFailsHalfWayLeavesNoHalfOfItToBeSaved) {
+    Open();
+    View().SetEditorText("before");
+    const auto failing = [](const session::TextSink& take) {
+        take("<half>");
+        throw std::runtime_error("the disk is gone");
+    };
+    EXPECT_THROW(View().FillEditorText(100, failing), std::runtime_error);
+    EXPECT_EQ(EditorText(), "");
+    View().SetEditorText("after");
+    EXPECT_EQ(EditorText(), "after");
+}
+
+TEST_F(LargeText, ThatFailsAtOnceLeavesTheOldOneWithItsUndo) {
+    Open();
+    View().SetEditorText("before");
+    TypeText("typed");
+    const auto failing = [](const session::TextSink&) { throw std::runtime_error("no right to read it"); };
+    EXPECT_THROW(View().FillEditorText(100, failing), std::runtime_error);
+    EXPECT_EQ(EditorText(), "typed");
+    EXPECT_TRUE(Editor().CanUndo());
+}
+
+TEST_F(LargeText, WithLineFeedsAloneKeepsThemWhenLinesAreAdded) {
+    Open();
+    View().SetEditorText("one\ntwo\n");
+    EXPECT_EQ(Editor().GetEOLMode(), wxSTC_EOL_LF);
+    View().SetEditorText("one\r\ntwo\r\n");
+    EXPECT_EQ(Editor().GetEOLMode(), wxSTC_EOL_CRLF);
+}
+
+} // namespace
+} // namespace tamarind::tests
