@@ -46,58 +46,70 @@ constexpr std::array<std::int8_t, 256> kMeanings = MakeMeanings();
 
 int MeaningOf(char c) { return kMeanings[static_cast<unsigned char>(c)]; }
 
-/// Every byte as its two digits.
-constexpr std::array<char, 512> MakePairs() {
-    std::array<char, 512> pairs{};
-    for (std::size_t byte = 0; byte < 256; ++byte) {
-        pairs[2 * byte] = kDigits[byte / 16];
-        pairs[2 * byte + 1] = kDigits[byte % 16];
-    }
-    return pairs;
+// Sixteen digits are worked on at once, in the compiler's own vectors: every processor that we build for has registers
+// of that size, and on any other the compiler takes them apart. A group's digits lie in a vector as in memory.
+using Characters = signed char __attribute__((vector_size(16)));
+using Units = std::uint16_t __attribute__((vector_size(16)));
+using GroupBytes = std::uint8_t __attribute__((vector_size(8)));
+constexpr std::size_t kGroupDigits = 2 * kGroup;
+constexpr bool kFirstByteIsLowest = std::endian::native == std::endian::little;
+
+template <class To, class From> To As(const From& from) { return std::bit_cast<To>(from); }
+
+/// Turns sixteen digits into eight bytes; false, and nothing done, when one of them is no digit.
+bool DecodeGroup(const char* digits, std::uint8_t* bytes) {
+    Characters characters;
+    std::memcpy(&characters, digits, sizeof characters);
+    const Characters small = characters | 0x20;
+    const Characters isDigit = (characters >= '0') & (characters <= '9');
+    const Characters isLetter = (small >= 'a') & (small <= 'f');
+    const auto isEither = As<std::array<std::uint64_t, 2>>(isDigit | isLetter);
+    if ((isEither[0] & isEither[1]) != ~std::uint64_t{0}) return false;
+    const auto values = As<Units>((characters & 0x0F) + (isLetter & 9));
+    const auto group = __builtin_convertvector((values << 4 | values >> 8) & 0xFF, GroupBytes);
+    std::memcpy(bytes, &group, sizeof group);
+    return true;
 }
-constexpr std::array<char, 512> kPairs = MakePairs();
 
-constexpr std::uint64_t Repeat(std::uint64_t byte) { return byte * 0x0101010101010101U; }
-
-/// Eight characters in a number, the first one lowest: whether all of them are digits.
-bool AreDigits(std::uint64_t characters) {
-    // With the high bits out of the way, adding carries into a byte's high bit exactly from a limit on.
-    const std::uint64_t low = characters & Repeat(0x7F);
-    const std::uint64_t small = low | Repeat(0x20);
-    const std::uint64_t digits = (low + Repeat(0x80 - '0')) & ~(low + Repeat(0x7F - '9'));
-    const std::uint64_t letters = (small + Repeat(0x80 - 'a')) & ~(small + Repeat(0x7F - 'f'));
-    return ((digits | letters) & ~characters & Repeat(0x80)) == Repeat(0x80);
-}
-
-/// Eight digits as four bytes, the first one lowest.
-std::uint32_t BytesOf(std::uint64_t digits) {
-    const std::uint64_t values = (digits & Repeat(0x0F)) + (digits >> 6 & Repeat(0x01)) * 9; // bit 6: a letter
-    std::uint64_t bytes = (values << 4 | values >> 8) & 0x00FF00FF00FF00FFU;
-    bytes = (bytes | bytes >> 8) & 0x0000FFFF0000FFFFU;
-    return static_cast<std::uint32_t>(bytes | bytes >> 16);
+/// Turns eight bytes into sixteen digits.
+void EncodeGroup(const char* bytes, char* digits) {
+    GroupBytes group;
+    std::memcpy(&group, bytes, sizeof group);
+    const auto units = __builtin_convertvector(group, Units);
+    const auto values = As<Characters>(units >> 4 | (units & 0x0F) << 8);
+    const Characters characters = values + '0' + ((values > 9) & ('A' - '9' - 1));
+    std::memcpy(digits, &characters, sizeof characters);
 }
 
 /// Decodes clean digits off the front of `text`, sixteen at a time, for as long as there are sixteen and room for them.
 /// Returns the number of bytes.
 std::size_t TakeClean(std::string_view& text, std::span<std::uint8_t> bytes) {
-    constexpr std::size_t kDigitsAtOnce = 2 * kGroup;
-    if constexpr (std::endian::native != std::endian::little) return 0;
+    if constexpr (!kFirstByteIsLowest) return 0;
     std::size_t count = 0;
     const char* from = text.data();
     const char* const end = from + text.size();
-    while (static_cast<std::size_t>(end - from) >= kDigitsAtOnce && bytes.size() - count >= kGroup) {
-        std::array<std::uint64_t, 2> characters{};
-        std::memcpy(characters.data(), from, kDigitsAtOnce);
-        if (!AreDigits(characters[0]) || !AreDigits(characters[1])) break;
-        const std::array<std::uint32_t, 2> decoded{BytesOf(characters[0]), BytesOf(characters[1])};
-        std::memcpy(bytes.data() + count, decoded.data(), kGroup);
+    while (static_cast<std::size_t>(end - from) >= kGroupDigits && bytes.size() - count >= kGroup &&
+           DecodeGroup(from, bytes.data() + count)) {
         count += kGroup;
-        from += kDigitsAtOnce;
+        from += kGroupDigits;
         // What mostly stands between two groups.
         if (from != end && *from == ' ') ++from;
     }
     text.remove_prefix(static_cast<std::size_t>(from - text.data()));
     return count;
+}
+
+/// Writes the digits of at most one group; returns where they end.
+char* AppendDigits(char* to, std::string_view bytes) {
+    if (kFirstByteIsLowest && bytes.size() == kGroup) {
+        EncodeGroup(bytes.data(), to);
+        return to + kGroupDigits;
+    }
+    for (const char c : bytes) {
+        *to++ = kDigits[static_cast<unsigned char>(c) / 16];
+        *to++ = kDigits[static_cast<unsigned char>(c) % 16];
+    }
+    return to;
 }
 
 } // namespace
@@ -153,18 +165,17 @@ std::size_t DecodeHex(std::string_view text, std::span<std::uint8_t> bytes) {
 }
 
 void AppendHexLines(std::string& text, std::string_view bytes) {
-    std::array<char, 2 * kLine + kGroupsOfLine> line{}; // its blanks, and the line feed
+    std::array<char, 2 * kLine + kGroupsOfLine> line{}; // with its blanks, and the line feed
     while (!bytes.empty()) {
-        const std::string_view ofLine = bytes.substr(0, kLine);
-        std::size_t length = 0;
-        for (std::size_t i = 0; i < ofLine.size(); ++i) {
-            if (i % kGroup == 0 && i > 0) line[length++] = ' ';
-            std::memcpy(&line[length], &kPairs[std::size_t{2} * static_cast<unsigned char>(ofLine[i])], 2);
-            length += 2;
-        }
-        line[length++] = '\n';
-        text.append(line.data(), length);
+        std::string_view ofLine = bytes.substr(0, kLine);
         bytes.remove_prefix(ofLine.size());
+        char* to = line.data();
+        while (!ofLine.empty()) {
+            to = AppendDigits(to, ofLine.substr(0, kGroup));
+            ofLine.remove_prefix(std::min(kGroup, ofLine.size()));
+            *to++ = ofLine.empty() ? '\n' : ' ';
+        }
+        text.append(line.data(), static_cast<std::size_t>(to - line.data()));
     }
 }
 
