@@ -152,7 +152,7 @@ DecodedTexture DecodeLevel(const TextureFormat& format, const Blob& blob, const 
 } // namespace
 
 DecodedTexture DecodeTexture(std::string_view xml, std::size_t level) {
-    const TextureFormat* const format = FindFormat(FormatText(xml));
+    const TextureFormat* const format = FindFormat(FormatText(xml).value_or(std::string_view()));
     if (format == nullptr) return Refuse("This is no texture of a format that can be shown.");
     const Blobs found = FindBlobs(xml);
     if (found.isBroken) return Refuse("A \"<d:blob\" of this texture has no size or no end.");

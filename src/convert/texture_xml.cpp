@@ -28,12 +28,13 @@ constexpr std::array<TextureFormat, 4> kFormats = {{
 }};
 
 /// The text between the first `key`, the next ">" and the next `end`.
-std::string_view TextOfElement(std::string_view xml, std::string_view key, std::string_view end) {
+std::optional<std::string_view> TextOfElement(std::string_view xml, std::string_view key, std::string_view end) {
     const std::size_t start = xml.find(key);
     const std::size_t bracket = start == kNone ? kNone : xml.find('>', start);
-    if (bracket == kNone) return {};
+    if (bracket == kNone) return std::nullopt;
     const std::size_t stop = xml.find(end, bracket + 1);
-    return stop == kNone ? std::string_view() : xml.substr(bracket + 1, stop - bracket - 1);
+    if (stop == kNone) return std::nullopt;
+    return xml.substr(bracket + 1, stop - bracket - 1);
 }
 
 } // namespace
@@ -68,9 +69,11 @@ Blobs FindBlobs(std::string_view xml) {
     return found;
 }
 
-std::string_view FormatText(std::string_view xml) { return TextOfElement(xml, "<Format", "</Format"); }
+std::optional<std::string_view> FormatText(std::string_view xml) { return TextOfElement(xml, "<Format", "</Format"); }
 
-std::string_view NumberText(std::string_view xml, std::string_view key) { return TextOfElement(xml, key, "<"); }
+std::string_view NumberText(std::string_view xml, std::string_view key) {
+    return TextOfElement(xml, key, "<").value_or(std::string_view());
+}
 
 std::int32_t BlobSize(const Blob& blob) {
     double size = 0;
@@ -89,7 +92,7 @@ std::int16_t ReadDimension(std::string_view text) { return text::ToInt16(text::R
 bool IsTexture(std::string_view xml) {
     constexpr std::size_t kFirstPart = std::size_t{1} << 20;
     const std::string_view start = xml.substr(0, kFirstPart);
-    return start.find(kBlobStart) != kNone && FindFormat(FormatText(start)) != nullptr;
+    return start.find(kBlobStart) != kNone && FindFormat(FormatText(start).value_or(std::string_view())) != nullptr;
 }
 
 } // namespace tamarind::convert

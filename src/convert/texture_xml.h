@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -46,8 +46,8 @@ inline constexpr std::size_t kMostBlobs = 16;
 /// The blobs in their order. The search ends with the first one above kMostBlobs.
 [[nodiscard]] Blobs FindBlobs(std::string_view xml);
 
-/// The text between the first "<Format", the next ">" and the next "</Format"; empty when one of them is missing.
-[[nodiscard]] std::string_view FormatText(std::string_view xml);
+/// The text between the first "<Format", the next ">" and the next "</Format"; nothing when one of them is missing.
+[[nodiscard]] std::optional<std::string_view> FormatText(std::string_view xml);
 
 /// The text between the first `key`, as in "<Width", the next ">" and the next "<"; empty when one is missing.
 [[nodiscard]] std::string_view NumberText(std::string_view xml, std::string_view key);
