@@ -1,5 +1,5 @@
 # The libraries that we link, under one name on both targets:
-#   tamarind::wx, tamarind::expat, tamarind::gtest, and the header-only tamarind::headers (fmt, CLI11, nlohmann/json).
+#   tamarind::wx, tamarind::expat, tamarind::gtest, and the header-only tamarind::headers (fmt, CLI11, nlohmann/json, stb).
 add_library(tamarind_headers INTERFACE)
 add_library(tamarind::headers ALIAS tamarind_headers)
 target_compile_definitions(tamarind_headers INTERFACE FMT_HEADER_ONLY)
@@ -9,7 +9,7 @@ if(WIN32)
     # would bring the native system's headers along.
     set(header_links ${PROJECT_BINARY_DIR}/headers)
     file(MAKE_DIRECTORY ${header_links})
-    foreach(name fmt CLI nlohmann)
+    foreach(name fmt CLI nlohmann stb)
         file(CREATE_LINK /usr/include/${name} ${header_links}/${name} SYMBOLIC)
     endforeach()
     target_include_directories(tamarind_headers SYSTEM INTERFACE ${header_links})

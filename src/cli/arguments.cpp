@@ -22,16 +22,42 @@ void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
     app.set_version_flag("--version", "tamarind-cli " TAMARIND_VERSION);
 }
 
+/// Words that other words follow, as "texture" before "export".
+CLI::App* AddGroup(CLI::App& app, const std::string& name, const std::string& description) {
+    auto* const group = app.add_subcommand(name, description);
+    group->fallthrough();
+    group->require_subcommand(1);
+    group->set_version_flag("--version", "tamarind-cli " TAMARIND_VERSION);
+    return group;
+}
+
 CLI::App* AddCommand(CLI::App& app, Arguments& arguments, const std::string& name, const std::string& description) {
     auto* const command = app.add_subcommand(name, description);
     command->fallthrough();
     command->set_version_flag("--version", "tamarind-cli " TAMARIND_VERSION);
-    command->callback([&arguments, name] { arguments.command = name; });
+    const std::string words = app.get_parent() == nullptr ? name : app.get_name() + " " + name;
+    command->callback([&arguments, words] { arguments.command = words; });
     return command;
 }
 
 void AddPath(CLI::App* command, const char* name, std::string& path, const char* description) {
     command->add_option(name, path, description)->required()->type_name("");
+}
+
+void AddTextureCommands(CLI::App& app, Arguments& arguments) {
+    auto* const texture = AddGroup(app, "texture", "Pictures of textures");
+
+    auto* const exporting = AddCommand(*texture, arguments, "export", "Write textures as .dds pictures in TempFiles");
+    exporting->add_option("FILE", arguments.files, "The .TgPcDx files")->required()->type_name("");
+
+    auto* const importing =
+        AddCommand(*texture, arguments, "import", "Put changed .dds pictures into their game files");
+    importing->add_option("DDS", arguments.files, "The .dds files in TempFiles")->required()->type_name("");
+
+    auto* const preview = AddCommand(*texture, arguments, "preview", "Write a texture as a PNG picture");
+    AddPath(preview, "FILE", arguments.file, "The .TgPcDx file");
+    preview->add_option("-o", arguments.output, "The picture to write")->required()->type_name("OUT.png");
+    preview->add_option("--level", arguments.level, "The mip-map level, 0 the largest")->type_name("N");
 }
 
 void AddCommands(CLI::App& app, Arguments& arguments) {
@@ -48,11 +74,23 @@ void AddCommands(CLI::App& app, Arguments& arguments) {
 
     auto* const tree = AddCommand(app, arguments, "tree", "List the rows of an XML file");
     AddPath(tree, "XML", arguments.xml, "The XML file");
+
+    AddTextureCommands(app, arguments);
 }
 
-std::string CommandWord(const CLI::App& app) {
-    const auto chosen = app.get_subcommands();
-    return chosen.empty() ? std::string() : chosen.front()->get_name();
+/// The command that the words name, as far as they do.
+const CLI::App& ChosenApp(const CLI::App& app) {
+    const CLI::App* chosen = &app;
+    while (!chosen->get_subcommands().empty())
+        chosen = chosen->get_subcommands().front();
+    return *chosen;
+}
+
+std::string CommandWords(const CLI::App& app) {
+    std::string words;
+    for (const CLI::App* command = &ChosenApp(app); command != &app; command = command->get_parent())
+        words.insert(0, words.empty() ? command->get_name() : command->get_name() + " ");
+    return words;
 }
 
 } // namespace
@@ -68,14 +106,13 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
     try {
         app.parse(reversed);
     } catch (const CLI::CallForHelp&) {
-        const auto chosen = app.get_subcommands();
-        result.message = chosen.empty() ? app.help() : chosen.front()->help();
+        result.message = ChosenApp(app).help();
         result.exitCode = 0;
     } catch (const CLI::CallForVersion& version) {
         result.message = std::string(version.what()) + "\n";
         result.exitCode = 0;
     } catch (const CLI::ParseError& error) {
-        result.arguments.command = CommandWord(app);
+        result.arguments.command = CommandWords(app);
         const auto options = std::find(words.begin(), words.end(), "--");
         result.arguments.json = std::find(words.begin(), options, "--json") != options;
         result.message = std::string(error.what()) + "\nRun with --help for more information.\n";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -8,7 +9,7 @@ namespace tamarind::cli {
 
 /// A command line of tamarind-cli, taken apart. Paths are as typed.
 struct Arguments {
-    std::string command; ///< for example "save"; empty when none was recognised
+    std::string command; ///< for example "save" or "texture export"; empty when none was recognised
     std::string gameFolder;
     std::string programFolder;
     std::optional<bool> answerYes; ///< set by --yes and --no
@@ -17,6 +18,8 @@ struct Arguments {
     std::string file;
     std::string xml;
     std::string output;
+    std::vector<std::string> files; ///< of a command that takes several
+    std::size_t level = 0;          ///< of a texture, 0 the largest
 };
 
 struct ParseResult {

@@ -1,6 +1,7 @@
 #include "convert/game_file.h"
 
 #include "convert/recovered.h"
+#include "convert/working_files.h"
 #include "editors/document_commands.h"
 #include "platform/converter.h"
 #include "platform/myfile.h"
@@ -9,9 +10,7 @@
 #include "text/runtime_error.h"
 #include "text/search.h"
 
-#include <algorithm>
 #include <string>
-#include <utility>
 
 namespace tamarind::convert {
 
@@ -50,17 +49,6 @@ void ShowChosenFile(EditorContext& context) {
     context.ui.ProcessEvents();
 }
 
-/// What was not saved stays in TempFiles\\Recovered when its place is taken.
-void KeepUnsaved(EditorContext& context, std::string (*keep)(EditorContext&), const std::string& what) {
-    try {
-        const std::string kept = keep(context);
-        if (!kept.empty()) context.ui.ShowStatus(what + " that was not saved is kept in " + platform::ForDisplay(kept));
-    } catch (const RuntimeError& error) {
-        context.ui.Show({.text = what + " that was not saved could not be kept in TempFiles: " + error.Description() +
-                                 "\r\n" + platform::ForDisplay(error.Details())});
-    }
-}
-
 /// The file's text in the editor; no text for a missing file.
 void ShowTextOf(EditorContext& context, const std::string& path) {
     KeepUnsaved(context, KeepUnsavedText, "The text");
@@ -83,31 +71,6 @@ struct Target {
     std::string tempBase;
     std::string extension;
 };
-
-/// While a command converts a game file, none of the same base name may be opened or saved: they share their working
-/// files.
-class Converting {
-public:
-    Converting(session::Session& session, std::string tempBase) : session_(session) {
-        session_.convertingBases.push_back(std::move(tempBase));
-    }
-    // Commands nest, so the last one is this one.
-    ~Converting() { session_.convertingBases.pop_back(); }
-    Converting(const Converting&) = delete;
-    Converting& operator=(const Converting&) = delete;
-
-private:
-    session::Session& session_;
-};
-
-/// Whether the working files are free; if not, the person was told.
-bool MayConvert(EditorContext& context, const std::string& tempBase, const std::string& file) {
-    const auto& bases = context.session.convertingBases;
-    const auto isSame = [&tempBase](const std::string& base) { return text::EqualNoCase(base, tempBase); };
-    if (std::none_of(bases.begin(), bases.end(), isSame)) return true;
-    context.ui.Show({.text = platform::ForDisplay(file) + "\r\nhas to wait: a file of that name is being converted."});
-    return false;
-}
 
 std::string TempBaseOf(const EditorContext& context, const std::string& file) {
     return context.session.TempFiles() + "\\" + platform::BaseNameWithDot(platform::NameOf(file));

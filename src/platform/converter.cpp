@@ -3,10 +3,11 @@
 namespace tamarind::platform {
 namespace {
 
-void Convert(Processes& processes, UserInterface& ui, const ConverterFolders& folders, const std::string& commandLine) {
+void Convert(Processes& processes, UserInterface& ui, const ConverterFolders& folders, const std::string& workFolder,
+             const std::string& commandLine) {
     ProcessStart start;
     start.commandLine = commandLine;
-    start.folder = folders.program;
+    start.folder = workFolder;
     start.searchFolders.push_back(folders.program);
     if (!folders.game.empty()) {
         start.searchFolders.push_back(folders.game);
@@ -25,14 +26,23 @@ std::string CommandLineToBinary(const std::string& xmlPath, const std::string& b
     return "serz.exe \"" + xmlPath + "\" bin:\"" + binaryPath + "\"";
 }
 
+std::string CommandLineToTexture(const std::string& xmlPath, const std::string& binaryPath) {
+    return "serz.exe \"" + xmlPath + "\" /bin:\"" + binaryPath + "\"";
+}
+
 void ConvertToXml(Processes& processes, UserInterface& ui, const ConverterFolders& folders,
                   const std::string& binaryPath, const std::string& xmlPath) {
-    Convert(processes, ui, folders, CommandLineToXml(binaryPath, xmlPath));
+    Convert(processes, ui, folders, folders.program, CommandLineToXml(binaryPath, xmlPath));
 }
 
 void ConvertToBinary(Processes& processes, UserInterface& ui, const ConverterFolders& folders,
                      const std::string& xmlPath, const std::string& binaryPath) {
-    Convert(processes, ui, folders, CommandLineToBinary(xmlPath, binaryPath));
+    Convert(processes, ui, folders, folders.program, CommandLineToBinary(xmlPath, binaryPath));
+}
+
+void ConvertToTexture(Processes& processes, UserInterface& ui, const ConverterFolders& folders,
+                      const std::string& workFolder, const std::string& xmlPath, const std::string& binaryPath) {
+    Convert(processes, ui, folders, workFolder, CommandLineToTexture(xmlPath, binaryPath));
 }
 
 } // namespace tamarind::platform

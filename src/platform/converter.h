@@ -17,10 +17,16 @@ struct ConverterFolders {
 /// `serz.exe "xml" bin:"binary"`
 [[nodiscard]] std::string CommandLineToBinary(const std::string& xmlPath, const std::string& binaryPath);
 
+/// `serz.exe "xml" /bin:"binary"`: textures are converted with the option's other form.
+[[nodiscard]] std::string CommandLineToTexture(const std::string& xmlPath, const std::string& binaryPath);
+
 /// Run the converter, hidden, and wait for it. Whether it worked shows only in the output file.
 void ConvertToXml(Processes& processes, UserInterface& ui, const ConverterFolders& folders,
                   const std::string& binaryPath, const std::string& xmlPath);
 void ConvertToBinary(Processes& processes, UserInterface& ui, const ConverterFolders& folders,
                      const std::string& xmlPath, const std::string& binaryPath);
+/// `workFolder` is the converter's current folder.
+void ConvertToTexture(Processes& processes, UserInterface& ui, const ConverterFolders& folders,
+                      const std::string& workFolder, const std::string& xmlPath, const std::string& binaryPath);
 
 } // namespace tamarind::platform

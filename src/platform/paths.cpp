@@ -22,6 +22,17 @@ std::string ExtensionOf(std::string_view name) {
     return dot == std::string_view::npos ? std::string() : std::string(name.substr(dot + 1));
 }
 
+std::string WithLastThreeReplaced(std::string_view path, std::string_view ending) {
+    constexpr int kReplaced = 3;
+    const auto isInsideCharacter = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+    for (int count = 0; count < kReplaced && !path.empty(); ++count) {
+        while (path.size() > 1 && isInsideCharacter(path.back()))
+            path.remove_suffix(1);
+        path.remove_suffix(1);
+    }
+    return std::string(path).append(ending);
+}
+
 std::string WithoutTrailingBackslash(std::string_view path) {
     while (path.ends_with('\\')) {
         path.remove_suffix(1);

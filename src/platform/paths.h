@@ -14,6 +14,8 @@ namespace tamarind::platform {
 [[nodiscard]] std::string BaseNameWithDot(std::string_view name);
 /// The part of the name after its last "."; empty when it has none.
 [[nodiscard]] std::string ExtensionOf(std::string_view name);
+/// The path with its last three characters replaced, whatever they are; all of a shorter one.
+[[nodiscard]] std::string WithLastThreeReplaced(std::string_view path, std::string_view ending);
 /// Without trailing "\".
 [[nodiscard]] std::string WithoutTrailingBackslash(std::string_view path);
 

@@ -1,6 +1,8 @@
 #include "shell/menus.h"
 
 #include "convert/game_file.h"
+#include "convert/texture_export.h"
+#include "convert/texture_import.h"
 #include "editors/tree_editor.h"
 #include "shell/options.h"
 
@@ -60,10 +62,10 @@ constexpr std::array kItems = {
 
     MenuItem{"mnuSearch", "mnuFind", "&Find", nullptr},
 
-    MenuItem{"mnuConv", "mnuDDS", "Convert RS to .dds", nullptr},
-    MenuItem{"mnuConv", "mnuView", "View .dds File", nullptr},
-    MenuItem{"mnuConv", "mnuEditDDS", "Edit .dds File", nullptr},
-    MenuItem{"mnuConv", "mnuDDStoKrs", "Convert .dds to RS", nullptr},
+    MenuItem{"mnuConv", "mnuDDS", "Convert RS to .dds", Run<convert::ExportTexture>},
+    MenuItem{"mnuConv", "mnuView", "View .dds File", ViewDdsFile},
+    MenuItem{"mnuConv", "mnuEditDDS", "Edit .dds File", EditDdsFile},
+    MenuItem{"mnuConv", "mnuDDStoKrs", "Convert .dds to RS", Run<convert::ImportTexture>},
 
     MenuItem{"mnuTools", "mnuDelRoute", "Check Routes or Scenarios", nullptr},
     MenuItem{"mnuTools", "mnuMarker", "Convert Marker files", nullptr},
@@ -82,10 +84,10 @@ constexpr std::array kItems = {
     MenuItem{"mnuOpt", "mnuReadWrite", "Make all RS files Read/Write", nullptr},
     MenuItem{"mnuOpt", "mnuSelDefEdit", "Select Default Editor", SelectDefaultEditor},
     MenuItem{"mnuOpt", "mnuRSPath", "Select RS Path", SelectRailSimPath},
-    MenuItem{"mnuOpt", "mnuIRF", "Texture Editor Path", nullptr},
+    MenuItem{"mnuOpt", "mnuIRF", "Texture Editor Path", SelectTextureEditor},
     MenuItem{"mnuOpt", "mnuURS", "Use Tamarind Editor this session only", UseTamarindEditor},
     MenuItem{"mnuOpt", "mnuUXML", "Use XML Editor this session only", UseXmlEditor},
-    MenuItem{"mnuOpt", "mnuViewer", "Viewer Path", nullptr},
+    MenuItem{"mnuOpt", "mnuViewer", "Viewer Path", SelectViewer},
 
     MenuItem{"mnuHelp", "mnuContents", "Contents", nullptr},
     MenuItem{"mnuHelp", "mnuAbout", "About", nullptr},

@@ -1,6 +1,7 @@
 #include "shell/options.h"
 
 #include "platform/paths.h"
+#include "platform/processes.h"
 #include "shell/start_up.h"
 
 namespace tamarind::shell {
@@ -17,6 +18,20 @@ bool Ask(EditorContext& context, const char* question) {
     return context.ui.Show({.text = question, .buttons = Buttons::YesNo}) == Answer::Yes;
 }
 
+/// Runs `program` with the .dds file that was exported last of the open texture; without a program it shows `advice`.
+void OpenDdsFile(EditorContext& context, const std::string& program, const char* advice) {
+    if (program.empty()) {
+        context.ui.Show({.text = advice});
+        return;
+    }
+    const std::string dds = context.session.TempFiles() + "\\" + context.session.FileBaseName + "dds";
+    platform::ProcessStart start;
+    start.commandLine = "\"" + program + "\" \"" + dds + "\"";
+    start.folder = context.session.ProgramFolder;
+    start.style = platform::WindowStyle::NormalFocus;
+    platform::ShellWait(context.platform.processes, context.ui, start, true);
+}
+
 } // namespace
 
 void SelectRailSimPath(EditorContext& context) {
@@ -31,6 +46,28 @@ void SelectRailSimPath(EditorContext& context) {
 void SelectDefaultEditor(EditorContext& context) {
     context.session.XmlEditorDefault = Ask(context, "Do you wish to use the .XML editor as your Default Editor?");
     context.view.ShowPage(context.session.XmlEditorDefault ? Page::Tree : Page::Text);
+}
+
+void SelectTextureEditor(EditorContext& context) {
+    context.session.TextureEditorPath =
+        context.ui.AskForFile({.title = "Select your Graphics Editor", .filter = "Graphics Editor (*.exe)|*.exe"});
+}
+
+void SelectViewer(EditorContext& context) {
+    context.session.ViewerPath =
+        context.ui.AskForFile({.title = "Select your Graphics Viewer", .filter = "Viewer (*.exe)|*.exe"});
+}
+
+void ViewDdsFile(EditorContext& context) {
+    OpenDdsFile(context, context.session.ViewerPath,
+                "To view DDS files you need to install a suitable Texture viewer (e.g. IrfanView) on your PC \r\n"
+                "and select the path from the Options menu.");
+}
+
+void EditDdsFile(EditorContext& context) {
+    OpenDdsFile(context, context.session.TextureEditorPath,
+                "To edit DDS files you need to install a suitable paint program (e.g. PSP with .dds plugin) on your "
+                "PC \r\nand select the path from the Options menu.");
 }
 
 void UseTamarindEditor(EditorContext& context) {

@@ -2,53 +2,22 @@
 
 #include "platform/myfile.h"
 #include "platform/safe_write.h"
-#include "text/code_page.h"
+#include "text/field_reader.h"
 #include "text/numbers.h"
 #include "text/runtime_error.h"
 #include "text/search.h"
-
-#include <algorithm>
 
 #include <fmt/format.h>
 
 namespace tamarind::shell {
 
 using text::ErrorNumber;
+using text::FieldReader;
 using text::RuntimeError;
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kLongestPath = 32767;
-constexpr std::string_view kSeparators = ",\r\n";
-
-/// Takes fields off the front of the settings line.
-class FieldReader {
-public:
-    explicit FieldReader(std::string_view text) : rest_(text) {}
-
-    std::string Next() {
-        SkipBlanks();
-        if (rest_.empty()) throw RuntimeError(ErrorNumber::InputPastEnd);
-        const bool quoted = rest_.front() == '"';
-        if (quoted) rest_.remove_prefix(1);
-        const std::size_t end = rest_.find_first_of(quoted ? std::string_view("\"") : kSeparators);
-        const std::string_view field = rest_.substr(0, end);
-        rest_.remove_prefix(field.size());
-        SkipSeparator();
-        return std::string(quoted ? field : field.substr(0, field.find_last_not_of(" \t") + 1));
-    }
-
-private:
-    void SkipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size())); }
-
-    void SkipSeparator() {
-        rest_.remove_prefix(std::min(rest_.find_first_of(kSeparators), rest_.size()));
-        rest_.remove_prefix(rest_.starts_with("\r\n") ? 2 : std::min<std::size_t>(1, rest_.size()));
-    }
-
-    std::string_view rest_;
-};
 
 std::int16_t ReadTwips(FieldReader& fields) { return text::ToInt16(text::ReadNumber(fields.Next())); }
 
@@ -68,9 +37,7 @@ bool ReadTruth(FieldReader& fields) {
 } // namespace
 
 Preferences ParsePreferences(std::string_view bytes) {
-    const bool utf8 = bytes.starts_with(kByteOrderMark);
-    const std::string line =
-        utf8 ? std::string(bytes.substr(kByteOrderMark.size())) : text::FromCodePage(std::string(bytes));
+    const std::string line = text::FieldFileText(bytes);
     FieldReader fields(line);
     Preferences read;
     read.window.width = ReadTwips(fields);
@@ -86,10 +53,10 @@ Preferences ParsePreferences(std::string_view bytes) {
 
 std::string FormatPreferences(const Preferences& preferences) {
     const auto& window = preferences.window;
-    const std::string line = fmt::format("{},{},{},{},\"{}\",\"{}\",\"{}\",{}\r\n", window.width, window.height,
-                                         window.top, window.left, preferences.textureEditorPath, preferences.viewerPath,
-                                         preferences.railSimPath, preferences.xmlEditorDefault ? "#TRUE#" : "#FALSE#");
-    return text::FitsCodePage(line) ? text::ToCodePage(line) : std::string(kByteOrderMark) + line;
+    return text::FieldFileBytes(fmt::format("{},{},{},{},\"{}\",\"{}\",\"{}\",{}\r\n", window.width, window.height,
+                                            window.top, window.left, preferences.textureEditorPath,
+                                            preferences.viewerPath, preferences.railSimPath,
+                                            preferences.xmlEditorDefault ? "#TRUE#" : "#FALSE#"));
 }
 
 std::string PreferencesPath(const session::Session& session) { return session.ProgramFolder + "\\preferences.txt"; }

@@ -1,0 +1,25 @@
+#include "convert/png.h"
+
+#include "text/runtime_error.h"
+
+#define STB_IMAGE_WRITE_IMPLEMENTATION
+#define STB_IMAGE_WRITE_STATIC
+#define STBI_WRITE_NO_STDIO
+#include <stb/stb_image_write.h>
+
+namespace tamarind::convert {
+
+std::string EncodePng(const Picture& picture) {
+    constexpr int kChannels = 4;
+    std::string bytes;
+    const auto append = [](void* target, void* data, int size) {
+        static_cast<std::string*>(target)->append(static_cast<const char*>(data), static_cast<std::size_t>(size));
+    };
+    if (stbi_write_png_to_func(append, &bytes, picture.width, picture.height, kChannels, picture.rgba.data(),
+                               picture.width * kChannels) == 0) {
+        throw text::RuntimeError(text::ErrorNumber::DeviceIoError, "There is not enough memory for the picture.");
+    }
+    return bytes;
+}
+
+} // namespace tamarind::convert
