@@ -9,6 +9,7 @@
 #include <wx/evtloop.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
+#include <wx/splitter.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/stc/stc.h>
@@ -29,6 +30,8 @@ using platform::ToWx;
 namespace {
 
 constexpr int kGap = 6;
+constexpr int kSmallestPane = 160;
+constexpr int kPanePercent = 45;
 constexpr int kTabWidth = 4;
 constexpr int kEverything = wxSTC_MODEVENTMASKALL;
 constexpr std::size_t kSpareRoom = 65536;
@@ -77,12 +80,19 @@ TextPage::TextPage(wxWindow* parent) : wxPanel(parent) {
     row->Add(command1_, wxSizerFlags().CenterVertical());
     frame->Add(row, wxSizerFlags().Expand().Border(wxALL, gap));
 
-    auto* const border = new platform::BorderedPanel(frame1_);
+    splitter_ = new wxSplitterWindow(frame1_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
+    splitter_->SetName("Panes");
+    splitter_->SetMinimumPaneSize(FromDIP(kSmallestPane));
+    // A window that grows gives its room to the text.
+    splitter_->SetSashGravity(1.0);
+    auto* const border = new platform::BorderedPanel(splitter_);
+    textSide_ = border;
     richTextBox1_ = new wxStyledTextCtrl(border, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
     richTextBox1_->SetName("RichTextBox1");
     SetUpEditor();
     border->Hold(richTextBox1_);
-    frame->Add(border, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    splitter_->Initialize(textSide_);
+    frame->Add(splitter_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
 
     outer->Add(frame, wxSizerFlags(1).Expand().Border(wxALL, gap));
     SetSizer(outer);
@@ -101,8 +111,10 @@ void TextPage::SetUpEditor() {
     editor.SetMarginLeft(FromDIP(kGap));
     editor.SetTabWidth(kTabWidth);
     editor.SetScrollWidthTracking(true);
-    editor.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-        FitScrollWidth();
+    editor.Bind(wxEVT_SIZE, [this, width = 0](wxSizeEvent& event) mutable {
+        // What a long line has widened stays while only the scroll bar that it called changes the room.
+        const bool isWidened = richTextBox1_->GetScrollWidth() != fittedWidth_;
+        if (std::exchange(width, richTextBox1_->GetSize().x) != width || !isWidened) FitScrollWidth();
         event.Skip();
     });
     // The default lexer waits for somebody to style the text, for ever.
@@ -167,13 +179,28 @@ void TextPage::Paint() {
 // Grows by itself when a longer line is shown. GTK shades the edge of a view that is wider than what it scrolls.
 void TextPage::FitScrollWidth() {
     const int margins = richTextBox1_->GetMarginLeft() + richTextBox1_->GetMarginRight();
-    richTextBox1_->SetScrollWidth(std::max(1, richTextBox1_->GetClientSize().x - margins));
+    fittedWidth_ = std::max(1, richTextBox1_->GetClientSize().x - margins);
+    richTextBox1_->SetScrollWidth(fittedWidth_);
 }
 
-std::string TextPage::Text() const {
-    const int length = richTextBox1_->GetLength();
-    const char* const start = richTextBox1_->GetCharacterPointer();
-    return {start, static_cast<std::size_t>(length)};
+std::string_view TextPage::TextView() const {
+    return {richTextBox1_->GetCharacterPointer(), static_cast<std::size_t>(richTextBox1_->GetLength())};
+}
+
+std::string TextPage::Text() const { return std::string(TextView()); }
+
+wxWindow* TextPage::ParentOfPanes() const { return splitter_; }
+
+void TextPage::ShowBeside(wxWindow& pane) {
+    if (splitter_->IsSplit()) return;
+    // Never narrower than what it needs to show.
+    splitter_->SetMinimumPaneSize(std::max(FromDIP(kSmallestPane), pane.GetBestSize().x));
+    splitter_->SplitVertically(textSide_, &pane, -splitter_->GetClientSize().x * kPanePercent / 100);
+    FitScrollWidth();
+}
+
+void TextPage::ShowTextAlone() {
+    if (splitter_->IsSplit()) splitter_->Unsplit();
 }
 
 bool TextPage::IsModified() const { return richTextBox1_->GetModify(); }

@@ -62,6 +62,9 @@ void frmEditor::MakePages() {
     ssTab1_ = new wxNotebook(this, wxID_ANY);
     ssTab1_->SetName("SSTab1");
     textPage_ = new editors::TextPage(ssTab1_);
+    preview_ = new convert::TexturePreviewPage(
+        textPage_->ParentOfPanes(), [this] { return textPage_->TextView(); }, [this] { textPage_->ShowTextAlone(); });
+    preview_->Hide();
     treePage_ = new editors::TreePage(
         ssTab1_, [this](const auto& command) { Run(command); }, [this] { PopUpNodes(); });
     ssTab1_->AddPage(textPage_, "Tamarind Editor");

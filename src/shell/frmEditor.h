@@ -1,5 +1,6 @@
 #pragma once
 
+#include "convert/texture_preview_page.h"
 #include "editors/text_page.h"
 #include "editors/tree_page.h"
 #include "platform/wx/wx_ui.h"
@@ -86,6 +87,7 @@ private:
 
     wxNotebook* ssTab1_ = nullptr;
     editors::TextPage* textPage_ = nullptr;
+    convert::TexturePreviewPage* preview_ = nullptr;
     editors::TreePage* treePage_ = nullptr;
     std::map<std::string_view, wxMenu*> menus_;
     bool textFilesMenuShown_ = true;

@@ -1,3 +1,4 @@
+#include "convert/texture_xml.h"
 #include "editors/frmAddAttribute.h"
 #include "platform/wx/wx_text.h"
 #include "shell/frmEditor.h"
@@ -80,6 +81,12 @@ void frmEditor::CloseWindow() {
 
 void frmEditor::FillEditorText(std::size_t size, const std::function<void(const session::TextSink& take)>& write) {
     textPage_->FillText(size, write);
+    if (convert::IsTexture(textPage_->TextView())) {
+        preview_->ShowTexture();
+        textPage_->ShowBeside(*preview_);
+    } else {
+        textPage_->ShowTextAlone();
+    }
 }
 
 void frmEditor::PaintEditorText() { textPage_->Paint(); }
