@@ -20,6 +20,19 @@ TEST(Converter, CommandLineToBinaryIsExact) {
     EXPECT_EQ(CommandLineToBinary(R"(c:\x.xml)", R"(c:\x.bin)"), R"(serz.exe "c:\x.xml" bin:"c:\x.bin")");
 }
 
+TEST(Converter, CommandLineToTextureHasASlash) {
+    EXPECT_EQ(CommandLineToTexture(R"(c:\x.xml)", R"(c:\x.bin)"), R"(serz.exe "c:\x.xml" /bin:"c:\x.bin")");
+}
+
+TEST(ConvertToTexture, RunsInTheFolderThatIsNamed) {
+    tests::FakeProcesses processes;
+    tests::ScriptedUserInterface ui;
+    ConvertToTexture(processes, ui, {"\\prog", "\\game"}, "\\prog\\TempFiles", "\\t\\a.xml", "\\t\\a.bin");
+    ASSERT_EQ(processes.starts.size(), 1U);
+    EXPECT_EQ(processes.starts[0].folder, "\\prog\\TempFiles");
+    EXPECT_THAT(processes.starts[0].searchFolders, ElementsAre("\\prog", "\\game"));
+}
+
 TEST(ConvertToXml, RunsHiddenInTheProgramsFolderAndLivesMeanwhile) {
     tests::FakeProcesses processes;
     processes.looksBeforeEnd = 2;

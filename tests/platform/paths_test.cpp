@@ -25,6 +25,14 @@ TEST(NameOf, IsTheWholeTextWithoutABackslash) { EXPECT_EQ(NameOf("Routes.xml"), 
 
 TEST(NameOf, IsEmptyAfterATrailingBackslash) { EXPECT_EQ(NameOf("c:\\game\\"), ""); }
 
+TEST(WithLastThreeReplaced, TakesCharactersWhateverTheyAre) {
+    EXPECT_EQ(WithLastThreeReplaced("c:\\Wall.dds", "dat"), "c:\\Wall.dat");
+    EXPECT_EQ(WithLastThreeReplaced("c:\\Wall.d", "dat"), "c:\\Waldat");
+    EXPECT_EQ(WithLastThreeReplaced("c:\\\xC3\xA9\xC3\xA9\xE2\x82\xAC", "dat"), "c:\\dat");
+    EXPECT_EQ(WithLastThreeReplaced("ab", "dat"), "dat");
+    EXPECT_EQ(WithLastThreeReplaced("", "dat"), "dat");
+}
+
 TEST(BaseNameWithDot, EndsWithTheLastDot) {
     EXPECT_EQ(BaseNameWithDot("Track.XSec"), "Track.");
     EXPECT_EQ(BaseNameWithDot("a.b.bin"), "a.b.");

@@ -100,5 +100,60 @@ TEST_F(Options, TheEditorForThisSessionLeavesTheDefaultAlone) {
     EXPECT_TRUE(rig.ui.Messages().empty());
 }
 
+TEST_F(Options, SelectTextureEditorTakesWhatWasChosen) {
+    rig.ui.filePaths = {"C:\\Paint\\paint.exe", ""};
+    SelectTextureEditor(rig.context);
+    EXPECT_EQ(rig.session.TextureEditorPath, "C:\\Paint\\paint.exe");
+    EXPECT_EQ(rig.ui.FileDialogs().at(0).title, "Select your Graphics Editor");
+    EXPECT_EQ(rig.ui.FileDialogs().at(0).filter, "Graphics Editor (*.exe)|*.exe");
+    SelectTextureEditor(rig.context); // cancelled
+    EXPECT_EQ(rig.session.TextureEditorPath, "");
+}
+
+TEST_F(Options, SelectViewerTakesWhatWasChosen) {
+    rig.ui.filePaths = {"C:\\View\\view.exe", ""};
+    SelectViewer(rig.context);
+    EXPECT_EQ(rig.session.ViewerPath, "C:\\View\\view.exe");
+    EXPECT_EQ(rig.ui.FileDialogs().at(0).title, "Select your Graphics Viewer");
+    EXPECT_EQ(rig.ui.FileDialogs().at(0).filter, "Viewer (*.exe)|*.exe");
+    SelectViewer(rig.context); // cancelled
+    EXPECT_EQ(rig.session.ViewerPath, "");
+}
+
+TEST_F(Options, ViewDdsFileNeedsAViewer) {
+    ViewDdsFile(rig.context);
+    ASSERT_EQ(rig.ui.Messages().size(), 1U);
+    EXPECT_EQ(rig.ui.Messages()[0].text,
+              "To view DDS files you need to install a suitable Texture viewer (e.g. IrfanView) on your PC \r\nand "
+              "select the path from the Options menu.");
+    EXPECT_EQ(rig.ui.Messages()[0].icon, Icon::Exclamation);
+    EXPECT_TRUE(rig.processes.starts.empty());
+}
+
+TEST_F(Options, EditDdsFileNeedsAnEditor) {
+    rig.session.ViewerPath = "C:\\view.exe";
+    EditDdsFile(rig.context);
+    ASSERT_EQ(rig.ui.Messages().size(), 1U);
+    EXPECT_EQ(rig.ui.Messages()[0].text,
+              "To edit DDS files you need to install a suitable paint program (e.g. PSP with .dds plugin) on your PC "
+              "\r\nand select the path from the Options menu.");
+    EXPECT_EQ(rig.ui.Messages()[0].icon, Icon::Exclamation);
+    EXPECT_TRUE(rig.processes.starts.empty());
+}
+
+TEST_F(Options, ViewAndEditDdsFileRunTheirProgramsAndWait) {
+    rig.session.ViewerPath = "C:\\Some Folder\\view.exe";
+    rig.session.TextureEditorPath = "C:\\paint.exe";
+    rig.session.FileBaseName = "Wall.";
+    rig.processes.looksBeforeEnd = 3;
+    ViewDdsFile(rig.context);
+    EXPECT_EQ(rig.ui.EventRounds(), 4);
+    EditDdsFile(rig.context);
+    ASSERT_EQ(rig.processes.starts.size(), 2U);
+    EXPECT_EQ(rig.processes.starts[0].commandLine, "\"C:\\Some Folder\\view.exe\" \"C:\\Kit\\TempFiles\\Wall.dds\"");
+    EXPECT_EQ(rig.processes.starts[0].style, platform::WindowStyle::NormalFocus);
+    EXPECT_EQ(rig.processes.starts[1].commandLine, "\"C:\\paint.exe\" \"C:\\Kit\\TempFiles\\Wall.dds\"");
+}
+
 } // namespace
 } // namespace tamarind::shell
