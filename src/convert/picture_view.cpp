@@ -62,7 +62,7 @@ void Put(const Sums& sums, unsigned ground, std::uint8_t* target) {
 double FitScale(const PixelSize& picture, const PixelSize& room) {
     const double across = static_cast<double>(room.width) / picture.width;
     const double down = static_cast<double>(room.height) / picture.height;
-    return std::clamp(std::min(across, down), kSmallestScale, 1.0);
+    return std::min({across, down, 1.0});
 }
 
 double NextScale(double scale, bool larger) {
