@@ -8,6 +8,7 @@ namespace tamarind::cli {
 namespace {
 
 constexpr int kWrongUsage = 2;
+constexpr int kLastLevel = 15;
 
 void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
     app.add_option("--game", arguments.gameFolder, "The game folder")->type_name("DIR");
@@ -57,7 +58,9 @@ void AddTextureCommands(CLI::App& app, Arguments& arguments) {
     auto* const preview = AddCommand(*texture, arguments, "preview", "Write a texture as a PNG picture");
     AddPath(preview, "FILE", arguments.file, "The .TgPcDx file");
     preview->add_option("-o", arguments.output, "The picture to write")->required()->type_name("OUT.png");
-    preview->add_option("--level", arguments.level, "The mip-map level, 0 the largest")->type_name("N");
+    preview->add_option("--level", arguments.level, "The mip-map level, 0 the largest")
+        ->check(CLI::Range(0, kLastLevel))
+        ->type_name("N");
 }
 
 void AddCommands(CLI::App& app, Arguments& arguments) {
