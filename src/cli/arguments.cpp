@@ -22,11 +22,18 @@ void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
     app.set_version_flag("--version", "tamarind-cli " TAMARIND_VERSION);
 }
 
+CLI::App* AddWord(CLI::App& app, const std::string& name, const std::string& description) {
+    auto* const word = app.add_subcommand(name, description);
+    word->fallthrough();
+    word->set_version_flag("--version", "tamarind-cli " TAMARIND_VERSION);
+    return word;
+}
+
+/// A command of one word, or the second word of those of `app`.
 CLI::App* AddCommand(CLI::App& app, Arguments& arguments, const std::string& name, const std::string& description) {
-    auto* const command = app.add_subcommand(name, description);
-    command->fallthrough();
-    command->set_version_flag("--version", "tamarind-cli " TAMARIND_VERSION);
-    command->callback([&arguments, name] { arguments.command = name; });
+    auto* const command = AddWord(app, name, description);
+    const std::string front = app.get_parent() == nullptr ? "" : app.get_name() + " ";
+    command->callback([&arguments, line = front + name] { arguments.command = line; });
     return command;
 }
 
@@ -50,9 +57,49 @@ void AddCommands(CLI::App& app, Arguments& arguments) {
     AddPath(tree, "XML", arguments.xml, "The XML file");
 }
 
-std::string CommandWord(const CLI::App& app) {
-    const auto chosen = app.get_subcommands();
-    return chosen.empty() ? std::string() : chosen.front()->get_name();
+void AddRoute(CLI::App* command, Arguments& arguments) {
+    AddPath(command, "ROUTE", arguments.route, "The route's id or display name");
+}
+
+void AddScenario(CLI::App* command, Arguments& arguments) {
+    AddRoute(command, arguments);
+    AddPath(command, "SCENARIO", arguments.scenario, "The scenario's id or display name");
+}
+
+void AddRouteCommands(CLI::App& app, Arguments& arguments) {
+    AddCommand(app, arguments, "routes", "List the routes");
+    AddRoute(AddCommand(app, arguments, "scenarios", "List the scenarios of a route"), arguments);
+    AddScenario(AddCommand(app, arguments, "stock", "List what a scenario uses, and what of it is missing"), arguments);
+
+    auto* const check = AddCommand(app, arguments, "check", "Look for what a route uses and the game does not have");
+    AddRoute(check, arguments);
+    check->add_flag("--list-shapes", arguments.listShapes, "List the shapes that the route uses");
+    check->add_flag("--textures", arguments.checkTextures, "Check the textures of the shapes as well");
+    check->add_flag("--list-textures", arguments.listTextures, "List the textures that the route uses");
+    constexpr unsigned kMostJobs = 256;
+    check->add_option("--jobs", arguments.jobs, "Conversions at a time (as many as there are processors)")
+        ->type_name("N")
+        ->check(CLI::Range(1U, kMostJobs));
+
+    auto* const remove = AddWord(app, "delete", "Delete a route or a scenario");
+    remove->require_subcommand(1);
+    AddRoute(AddCommand(*remove, arguments, "route", "Delete a route"), arguments);
+    AddScenario(AddCommand(*remove, arguments, "scenario", "Delete a scenario"), arguments);
+}
+
+/// The command that was named, as far as it was.
+const CLI::App* Chosen(const CLI::App& app) {
+    const CLI::App* chosen = &app;
+    while (!chosen->get_subcommands().empty())
+        chosen = chosen->get_subcommands().front();
+    return chosen;
+}
+
+std::string CommandWords(const CLI::App& app) {
+    std::string words;
+    for (const CLI::App* word = Chosen(app); word != &app; word = word->get_parent())
+        words = word->get_name() + (words.empty() ? "" : " ") + words;
+    return words;
 }
 
 } // namespace
@@ -64,18 +111,18 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
     app.allow_windows_style_options(false); // "/name" is a path on every system
     AddGlobalOptions(app, result.arguments);
     AddCommands(app, result.arguments);
+    AddRouteCommands(app, result.arguments);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
     try {
         app.parse(reversed);
     } catch (const CLI::CallForHelp&) {
-        const auto chosen = app.get_subcommands();
-        result.message = chosen.empty() ? app.help() : chosen.front()->help();
+        result.message = Chosen(app)->help();
         result.exitCode = 0;
     } catch (const CLI::CallForVersion& version) {
         result.message = std::string(version.what()) + "\n";
         result.exitCode = 0;
     } catch (const CLI::ParseError& error) {
-        result.arguments.command = CommandWord(app);
+        result.arguments.command = CommandWords(app);
         const auto options = std::find(words.begin(), words.end(), "--");
         result.arguments.json = std::find(words.begin(), options, "--json") != options;
         result.message = std::string(error.what()) + "\nRun with --help for more information.\n";

@@ -17,6 +17,13 @@ struct Arguments {
     std::string file;
     std::string xml;
     std::string output;
+
+    std::string route;    ///< id or display name
+    std::string scenario; ///< id or display name
+    bool listShapes = false;
+    bool checkTextures = false;
+    bool listTextures = false;
+    unsigned jobs = 0; ///< conversions at a time; 0: as many as the machine has processors
 };
 
 struct ParseResult {

@@ -1,10 +1,11 @@
 #include "cli/commands.h"
 
+#include "cli/prepare.h"
+#include "cli/route_commands.h"
 #include "convert/game_file.h"
 #include "editors/document_commands.h"
 #include "platform/myfile.h"
 #include "platform/paths.h"
-#include "shell/start_up.h"
 #include "text/code_page.h"
 #include "text/runtime_error.h"
 #include "text/search.h"
@@ -20,25 +21,6 @@ using nlohmann::ordered_json;
 using session::EditorContext;
 
 namespace {
-
-/// What a window's start-up does before a game file can be opened.
-void PrepareGame(EditorContext& context, const Arguments& arguments) {
-    auto& session = context.session;
-    const auto step = [&context](void (*read)(EditorContext&)) {
-        try {
-            read(context);
-        } catch (const text::RuntimeError& error) {
-            context.ui.Show({.text = error.Details().empty()
-                                         ? error.Description()
-                                         : error.Description() + "\r\n" + platform::ForDisplay(error.Details())});
-        }
-    };
-    step(shell::ReadSettings);
-    if (!arguments.gameFolder.empty()) session.RailSimPath = platform::FromNative(arguments.gameFolder);
-    step(shell::FindGameFolder);
-    auto& files = context.platform.files;
-    if (!platform::FolderExists(files, session.TempFiles())) files.CreateFolder(session.TempFiles());
-}
 
 bool OpenGameFile(EditorContext& context, const std::string& file) {
     context.session.CommandFile = platform::FromNative(file);
@@ -131,8 +113,17 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 4> kCommands = {
-    {{"open", Open}, {"save", Save}, {"tidy", Tidy}, {"tree", Tree}}};
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 10> kCommands = {
+    {{"open", Open},
+     {"save", Save},
+     {"tidy", Tidy},
+     {"tree", Tree},
+     {"routes", ListRoutes},
+     {"scenarios", ListScenarios},
+     {"stock", ListStock},
+     {"check", CheckRoute},
+     {"delete route", DeleteRoute},
+     {"delete scenario", DeleteScenario}}};
 
 } // namespace
 

@@ -4,6 +4,12 @@ namespace tamarind::platform {
 namespace {
 
 void Convert(Processes& processes, UserInterface& ui, const ConverterFolders& folders, const std::string& commandLine) {
+    ShellWait(processes, ui, ConverterStart(folders, commandLine), true);
+}
+
+} // namespace
+
+ProcessStart ConverterStart(const ConverterFolders& folders, const std::string& commandLine) {
     ProcessStart start;
     start.commandLine = commandLine;
     start.folder = folders.program;
@@ -12,10 +18,8 @@ void Convert(Processes& processes, UserInterface& ui, const ConverterFolders& fo
         start.searchFolders.push_back(folders.game);
     }
     start.style = WindowStyle::Hidden;
-    ShellWait(processes, ui, start, true);
+    return start;
 }
-
-} // namespace
 
 std::string CommandLineToXml(const std::string& binaryPath, const std::string& xmlPath) {
     return "serz.exe \"" + binaryPath + "\" xml:\"" + xmlPath + "\"";

@@ -17,6 +17,9 @@ struct ConverterFolders {
 /// `serz.exe "xml" bin:"binary"`
 [[nodiscard]] std::string CommandLineToBinary(const std::string& xmlPath, const std::string& binaryPath);
 
+/// How the converter is started with such a command line.
+[[nodiscard]] ProcessStart ConverterStart(const ConverterFolders& folders, const std::string& commandLine);
+
 /// Run the converter, hidden, and wait for it. Whether it worked shows only in the output file.
 void ConvertToXml(Processes& processes, UserInterface& ui, const ConverterFolders& folders,
                   const std::string& binaryPath, const std::string& xmlPath);

@@ -10,6 +10,11 @@
 /// The check of a route's content: which of its objects, and which of their textures, are not installed.
 namespace tamarind::routes {
 
+// What the check asks.
+inline constexpr const char* kShapesQuestion = "Do you wish to view a list of Shapes used by this route?";
+inline constexpr const char* kCheckTexturesQuestion = "Would you like to check for missing Textures ?";
+inline constexpr const char* kTexturesQuestion = "Do you wish to view a list of Textures used by this route?";
+
 struct CheckOptions {
     std::size_t jobs = 0; ///< how many conversions run at a time; 0: as many as the machine has processors
 };

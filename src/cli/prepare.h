@@ -1,0 +1,11 @@
+#pragma once
+
+#include "cli/arguments.h"
+#include "session/editor_context.h"
+
+namespace tamarind::cli {
+
+/// What a window's start-up does before a command can work on the game: settings, game folder, TempFiles.
+void PrepareGame(session::EditorContext& context, const Arguments& arguments);
+
+} // namespace tamarind::cli
