@@ -81,6 +81,35 @@ void AddCommands(CLI::App& app, Arguments& arguments) {
     AddTextureCommands(app, arguments);
 }
 
+void AddRoute(CLI::App* command, Arguments& arguments) {
+    AddPath(command, "ROUTE", arguments.route, "The route's id or display name");
+}
+
+void AddScenario(CLI::App* command, Arguments& arguments) {
+    AddRoute(command, arguments);
+    AddPath(command, "SCENARIO", arguments.scenario, "The scenario's id or display name");
+}
+
+void AddRouteCommands(CLI::App& app, Arguments& arguments) {
+    AddCommand(app, arguments, "routes", "List the routes");
+    AddRoute(AddCommand(app, arguments, "scenarios", "List the scenarios of a route"), arguments);
+    AddScenario(AddCommand(app, arguments, "stock", "List what a scenario uses, and what of it is missing"), arguments);
+
+    auto* const check = AddCommand(app, arguments, "check", "Look for what a route uses and the game does not have");
+    AddRoute(check, arguments);
+    check->add_flag("--list-shapes", arguments.listShapes, "List the shapes that the route uses");
+    check->add_flag("--textures", arguments.checkTextures, "Check the textures of the shapes as well");
+    check->add_flag("--list-textures", arguments.listTextures, "List the textures that the route uses");
+    constexpr unsigned kMostJobs = 256;
+    check->add_option("--jobs", arguments.jobs, "Conversions at a time (as many as there are processors)")
+        ->type_name("N")
+        ->check(CLI::Range(1U, kMostJobs));
+
+    auto* const remove = AddGroup(app, "delete", "Delete a route or a scenario");
+    AddRoute(AddCommand(*remove, arguments, "route", "Delete a route"), arguments);
+    AddScenario(AddCommand(*remove, arguments, "scenario", "Delete a scenario"), arguments);
+}
+
 /// The command that the words name, as far as they do.
 const CLI::App& ChosenApp(const CLI::App& app) {
     const CLI::App* chosen = &app;
@@ -105,6 +134,7 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
     app.allow_windows_style_options(false); // "/name" is a path on every system
     AddGlobalOptions(app, result.arguments);
     AddCommands(app, result.arguments);
+    AddRouteCommands(app, result.arguments);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
     try {
         app.parse(reversed);

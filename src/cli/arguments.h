@@ -20,6 +20,13 @@ struct Arguments {
     std::string output;
     std::vector<std::string> files; ///< of a command that takes several
     std::size_t level = 0;          ///< of a texture, 0 the largest
+
+    std::string route;    ///< id or display name
+    std::string scenario; ///< id or display name
+    bool listShapes = false;
+    bool checkTextures = false;
+    bool listTextures = false;
+    unsigned jobs = 0; ///< conversions at a time; 0: as many as the machine has processors
 };
 
 struct ParseResult {

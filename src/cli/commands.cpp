@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
-#include "cli/prepare_game.h"
+#include "cli/prepare.h"
+#include "cli/route_commands.h"
 #include "cli/texture_commands.h"
 #include "convert/game_file.h"
 #include "editors/document_commands.h"
@@ -113,14 +114,20 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 7> kCommands = {
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 13> kCommands = {
     {{"open", Open},
      {"save", Save},
      {"tidy", Tidy},
      {"tree", Tree},
      {"texture export", ExportTextures},
      {"texture import", ImportTextures},
-     {"texture preview", PreviewTexture}}};
+     {"texture preview", PreviewTexture},
+     {"routes", ListRoutes},
+     {"scenarios", ListScenarios},
+     {"stock", ListStock},
+     {"check", CheckRoute},
+     {"delete route", DeleteRoute},
+     {"delete scenario", DeleteScenario}}};
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/report.h"
+#include "cli/route_commands.h"
 #include "platform/console.h"
 #include "platform/paths.h"
 #include "session/headless_view.h"
@@ -63,9 +64,12 @@ int Run(const std::vector<std::string>& words, const platform::Platform& platfor
     session::Session session;
     document::OpenDocument document;
     session::HeadlessView view;
-    TerminalUserInterface ui(
-        {.answer = PresetAnswer(arguments), .isQuiet = arguments.json, .isInterrupted = platform::IsInterrupted},
-        messages, [&input] { return AskPerson(input); });
+    TerminalUserInterface ui({.answer = PresetAnswer(arguments),
+                              .answerTo = AnswersByOption(arguments),
+                              .showsProgress = platform::StandardErrorIsTerminal(),
+                              .isQuiet = arguments.json,
+                              .isInterrupted = platform::IsInterrupted},
+                             messages, [&input] { return AskPerson(input); });
     session::EditorContext context{session, document, platform, ui, view};
     Result result;
     std::optional<text::RuntimeError> error;

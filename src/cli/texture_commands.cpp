@@ -1,6 +1,6 @@
 #include "cli/texture_commands.h"
 
-#include "cli/prepare_game.h"
+#include "cli/prepare.h"
 #include "convert/game_file.h"
 #include "convert/png.h"
 #include "convert/texture_export.h"

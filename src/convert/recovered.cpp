@@ -22,17 +22,21 @@ std::string FreeName(const platform::Files& files, const std::string& folder, co
     return path;
 }
 
-/// Makes the folder and finds a name in it for an XML text that belongs to the open game file.
+/// A free name in TempFiles\Recovered for an XML text that belongs to the open game file.
 std::string RecoveredPath(session::EditorContext& context) {
-    auto& files = context.platform.files;
     const std::string& base = context.session.FileBaseName;
-    const std::string folder = context.session.TempFiles() + "\\Recovered";
-    if (!platform::FolderExists(files, context.session.TempFiles())) files.CreateFolder(context.session.TempFiles());
-    if (!platform::FolderExists(files, folder)) files.CreateFolder(folder);
-    return FreeName(files, folder, base.empty() ? "Untitled." : base);
+    return FreeRecoveredPath(context, base.empty() ? "Untitled." : base);
 }
 
 } // namespace
+
+std::string FreeRecoveredPath(session::EditorContext& context, const std::string& baseName) {
+    auto& files = context.platform.files;
+    const std::string folder = context.session.TempFiles() + "\\Recovered";
+    if (!platform::FolderExists(files, context.session.TempFiles())) files.CreateFolder(context.session.TempFiles());
+    if (!platform::FolderExists(files, folder)) files.CreateFolder(folder);
+    return FreeName(files, folder, baseName);
+}
 
 std::string KeepUnsavedText(session::EditorContext& context) {
     if (!context.view.IsEditorTextModified()) return {};

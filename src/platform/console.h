@@ -7,6 +7,8 @@ namespace tamarind::platform {
 
 /// Whether a person can answer on standard input.
 [[nodiscard]] bool StandardInputIsTerminal();
+/// Whether a person reads standard error as it is written, on a terminal that can write over a line.
+[[nodiscard]] bool StandardErrorIsTerminal();
 
 /// The program's arguments as UTF-8, without its own name, whatever code page main() was given them in. Also makes the
 /// console show UTF-8.

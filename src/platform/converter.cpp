@@ -5,18 +5,24 @@ namespace {
 
 void Convert(Processes& processes, UserInterface& ui, const ConverterFolders& folders, const std::string& workFolder,
              const std::string& commandLine) {
+    ProcessStart start = ConverterStart(folders, commandLine);
+    start.folder = workFolder;
+    ShellWait(processes, ui, start, true);
+}
+
+} // namespace
+
+ProcessStart ConverterStart(const ConverterFolders& folders, const std::string& commandLine) {
     ProcessStart start;
     start.commandLine = commandLine;
-    start.folder = workFolder;
+    start.folder = folders.program;
     start.searchFolders.push_back(folders.program);
     if (!folders.game.empty()) {
         start.searchFolders.push_back(folders.game);
     }
     start.style = WindowStyle::Hidden;
-    ShellWait(processes, ui, start, true);
+    return start;
 }
-
-} // namespace
 
 std::string CommandLineToXml(const std::string& binaryPath, const std::string& xmlPath) {
     return "serz.exe \"" + binaryPath + "\" xml:\"" + xmlPath + "\"";

@@ -19,6 +19,8 @@ struct ConverterFolders {
 
 /// `serz.exe "xml" /bin:"binary"`: textures are converted with the option's other form.
 [[nodiscard]] std::string CommandLineToTexture(const std::string& xmlPath, const std::string& binaryPath);
+/// How the converter is started with such a command line.
+[[nodiscard]] ProcessStart ConverterStart(const ConverterFolders& folders, const std::string& commandLine);
 
 /// Run the converter, hidden, and wait for it. Whether it worked shows only in the output file.
 void ConvertToXml(Processes& processes, UserInterface& ui, const ConverterFolders& folders,

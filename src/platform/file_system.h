@@ -95,6 +95,9 @@ public:
     virtual void CreateFolder(const std::string& path) = 0;
     /// Deletes one empty folder, or one link to a folder.
     virtual void RemoveFolder(const std::string& path) = 0;
+    /// Moves a file or folder to the system's trash, from where people can have it back; a link goes itself, not what
+    /// it leads to. False, and nothing changed, where there is no trash for it. Fails with FileNotFound when missing.
+    virtual bool MoveToTrash(const std::string& path) = 0;
 };
 
 } // namespace tamarind::platform

@@ -5,8 +5,6 @@
 namespace tamarind::platform {
 namespace {
 
-constexpr std::chrono::milliseconds kPollInterval(50);
-
 /// Tells the user interface that an outside program is being waited for, for the length of a scope.
 class Waiting {
 public:

@@ -40,6 +40,9 @@ public:
     virtual void Sleep(std::chrono::milliseconds duration) = 0;
 };
 
+/// How long to wait before each look at a running process.
+inline constexpr std::chrono::milliseconds kPollInterval(50);
+
 /// Starts an outside program and returns when it has ended: its process id, or 0 when it could not be started (no
 /// message is shown). Looks every 50 ms, so even a program that ends at once costs one such pause; with `pumpEvents`
 /// the user interface lives meanwhile. There is no time-out.

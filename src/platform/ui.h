@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -28,6 +30,18 @@ struct FileDialog {
     bool confirmsOverwriting = false; ///< a save dialog asks itself before an existing file is chosen
 };
 
+/// How far a long job is.
+struct Progress {
+    std::string title;                             ///< the job in a few words
+    std::string current;                           ///< what it works on now
+    std::size_t done = 0;                          ///< of `total`
+    std::size_t total = 0;                         ///< may grow while the job runs
+    std::optional<std::chrono::seconds> left = {}; ///< estimated; nothing while nobody can tell
+};
+
+/// "12 of 300", and the time left in words where it is known: "12 of 300, about 2 min left".
+[[nodiscard]] std::string ProgressText(const Progress& progress);
+
 /// Everything that a command says to, or asks of, the person at the screen. Implemented by windows, by the terminal
 /// and by the tests.
 class UserInterface {
@@ -47,6 +61,9 @@ public:
     virtual void ProcessEvents() = 0;
     /// One line in plain words that needs no answer.
     virtual void ShowStatus(const std::string& text) = 0;
+    /// Shows how far a long job is, from the first call on until EndProgress. False when the person asked to end it.
+    virtual bool ShowProgress(const Progress& /*progress*/) { return true; }
+    virtual void EndProgress() {}
     /// Whether the person asked to stop the outside program that is being waited for.
     [[nodiscard]] virtual bool StopRequested() { return false; }
     /// Told before and after waiting for an outside program.

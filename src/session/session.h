@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/route_state.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -26,6 +28,8 @@ struct Session {
 
     std::string FileBaseName; ///< the open game file's name up to and including its last dot
     std::string TempBase;     ///< FileBaseName in TempFiles: + "bin" is the working copy, + "xml" its XML
+
+    RouteState Routes;
 
     std::vector<std::string> convertingBases; ///< TempBase of each game file that is being converted now
 

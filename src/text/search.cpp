@@ -46,6 +46,59 @@ char32_t TakeLower(std::string_view& text) {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
+constexpr std::array<char, 256> kAsciiLower = [] {
+    std::array<char, 256> lower{};
+    for (std::size_t c = 0; c < lower.size(); ++c) {
+        lower[c] = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
+    }
+    return lower;
+}();
+
+char AsciiLower(char c) { return kAsciiLower[static_cast<unsigned char>(c)]; }
+
+/// Whether the ASCII key stands at the front of `text`, which is not shorter.
+bool StandsAt(const char* text, std::string_view key) {
+    for (std::size_t i = 0; i < key.size(); ++i) {
+        if (AsciiLower(text[i]) != AsciiLower(key[i])) return false;
+    }
+    return true;
+}
+
+/// The number of bytes at the front of `text` that equal the key; 0 when they differ.
+std::size_t MatchLength(std::string_view text, std::string_view key) {
+    const std::size_t size = text.size();
+    while (!key.empty()) {
+        if (text.empty() || TakeLower(text) != TakeLower(key)) return 0;
+    }
+    return size - text.size();
+}
+
+/// Moves over the text by the skips of the key, so that most bytes are not looked at.
+std::size_t FindAscii(std::string_view text, const FoldedKey& key, std::size_t from) {
+    const std::size_t last = key.Text().size() - 1;
+    std::size_t at = from + last;
+    while (at < text.size()) {
+        const std::size_t skip = key.Skip(text[at]);
+        if (skip != 0) {
+            at += skip;
+        } else if (StandsAt(text.data() + (at - last), key.Text())) {
+            return at - last;
+        } else {
+            at += key.SkipAfterLast();
+        }
+    }
+    return kNone;
+}
+
+std::size_t FindLetters(std::string_view text, std::string_view key, std::size_t from) {
+    std::string_view rest = text.substr(from);
+    while (!rest.empty()) {
+        if (MatchLength(rest, key) > 0) return text.size() - rest.size();
+        static_cast<void>(TakeCodePoint(rest));
+    }
+    return kNone;
+}
+
 } // namespace
 
 std::size_t Find(std::string_view text, std::string_view key, std::size_t start) {
@@ -76,6 +129,46 @@ std::string ReplaceAll(std::string_view text, std::string_view key, std::string_
     return result.append(text.substr(from));
 }
 
+std::size_t FindNoCase(std::string_view text, const FoldedKey& key, std::size_t start) {
+    if (key.Text().empty()) return Find(text, key.Text(), start);
+    if (start == 0) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    if (start > text.size()) return 0;
+    const std::size_t found =
+        key.IsAscii() ? FindAscii(text, key, start - 1) : FindLetters(text, key.Text(), start - 1);
+    return found == kNone ? 0 : found + 1;
+}
+
+std::size_t FindNoCase(std::string_view text, std::string_view key, std::size_t start) {
+    return FindNoCase(text, FoldedKey(key), start);
+}
+
+std::size_t FindLastNoCase(std::string_view text, std::string_view key, std::size_t end) {
+    if (key.empty()) return FindLast(text, key, end);
+    const std::string_view before = text.substr(0, std::min(end, text.size()));
+    if (!FoldedKey(key).IsAscii()) {
+        for (std::size_t at = before.size(); at > 0; --at) {
+            if (MatchLength(before.substr(at - 1), key) > 0) return at;
+        }
+        return 0;
+    }
+    for (std::size_t at = before.size() < key.size() ? 0 : before.size() - key.size() + 1; at > 0; --at) {
+        if (StandsAt(before.data() + (at - 1), key)) return at;
+    }
+    return 0;
+}
+
+std::string ReplaceAllNoCase(std::string_view text, std::string_view key, std::string_view replacement) {
+    if (key.empty()) return std::string(text);
+    const FoldedKey folded(key);
+    std::string result;
+    std::size_t from = 1;
+    for (std::size_t hit = FindNoCase(text, folded); hit != 0; hit = FindNoCase(text, folded, from)) {
+        result.append(text.substr(from - 1, hit - from)).append(replacement);
+        from = hit + (folded.IsAscii() ? key.size() : MatchLength(text.substr(hit - 1), key));
+    }
+    return result.append(text.substr(from - 1));
+}
+
 std::string ToLower(std::string_view text) {
     std::string lower;
     lower.reserve(text.size());
@@ -92,6 +185,10 @@ std::string ToLower(std::string_view text) {
 }
 
 bool EqualNoCase(std::string_view left, std::string_view right) { return CompareNoCase(left, right) == 0; }
+
+bool StartsWithNoCase(std::string_view text, std::string_view beginning) {
+    return beginning.empty() || MatchLength(text, beginning) > 0;
+}
 
 bool EndsWithNoCase(std::string_view text, std::string_view ending) {
     return text.size() >= ending.size() && EqualNoCase(text.substr(text.size() - ending.size()), ending);

@@ -120,4 +120,13 @@ void FaultyFiles::RemoveFolder(const std::string& path) {
     inner_.RemoveFolder(path);
 }
 
+bool FaultyFiles::MoveToTrash(const std::string& path) {
+    Change("MoveToTrash", path);
+    if (trash.empty()) {
+        return false;
+    }
+    inner_.Rename(path, trash + path.substr(path.rfind('\\')));
+    return true;
+}
+
 } // namespace tamarind::tests

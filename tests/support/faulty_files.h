@@ -64,6 +64,10 @@ public:
     void Remove(const std::string& path, bool force) override;
     void CreateFolder(const std::string& path) override;
     void RemoveFolder(const std::string& path) override;
+    /// Into the folder `trash`; never into the system's own.
+    bool MoveToTrash(const std::string& path) override;
+
+    std::string trash; ///< empty: there is none
 
 private:
     class File;

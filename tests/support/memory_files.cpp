@@ -195,4 +195,23 @@ void MemoryFiles::RemoveFolder(const std::string& path) {
     folders.erase(folder);
 }
 
+bool MemoryFiles::MoveToTrash(const std::string& path) {
+    if (!EntryExists(path)) {
+        Fail(ErrorNumber::FileNotFound, path);
+    }
+    if (!hasTrash) {
+        return false;
+    }
+    const auto isInside = [&path](const std::string& entry) { return entry == path || entry.starts_with(path + "\\"); };
+    for (auto file = contents.begin(); file != contents.end();) {
+        if (isInside(file->first)) {
+            trash.insert(contents.extract(file++));
+        } else {
+            ++file;
+        }
+    }
+    std::erase_if(folders, isInside);
+    return true;
+}
+
 } // namespace tamarind::tests

@@ -35,6 +35,11 @@ public:
     void Remove(const std::string& path, bool force = false) override;
     void CreateFolder(const std::string& path) override;
     void RemoveFolder(const std::string& path) override;
+    /// Keeps a file or folder with all that is in it in `trash`, if there is one.
+    bool MoveToTrash(const std::string& path) override;
+
+    bool hasTrash = false;
+    std::map<std::string, std::string> trash; ///< files under their old paths
 };
 
 } // namespace tamarind::tests

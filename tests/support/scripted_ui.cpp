@@ -33,6 +33,7 @@ ScriptedUserInterface::~ScriptedUserInterface() {
     EXPECT_TRUE(filePaths.empty()) << filePaths.size() << " prepared files were never asked for";
     EXPECT_TRUE(texts.empty()) << texts.size() << " prepared texts were never asked for";
     EXPECT_EQ(busyDepth_, 0) << "the hourglass was left on";
+    EXPECT_FALSE(isProgressShown_) << "a progress dialog was left open";
 }
 
 std::vector<platform::Message> ScriptedUserInterface::Messages() const {
@@ -74,6 +75,7 @@ std::vector<std::string> ScriptedUserInterface::StatusLines() const {
 }
 
 platform::Answer ScriptedUserInterface::Show(const platform::Message& message) {
+    EXPECT_FALSE(isProgressShown_) << "under a progress dialog: " << message.text;
     shown_.push_back({Shown::Kind::Message, message, {}, {}});
     if (onMessage) {
         onMessage(message);
@@ -118,5 +120,13 @@ void ScriptedUserInterface::ShowStatus(const std::string& text) {
     message.text = text;
     shown_.push_back({Shown::Kind::Status, message, {}, {}});
 }
+
+bool ScriptedUserInterface::ShowProgress(const platform::Progress& progress) {
+    progress_.push_back(progress);
+    isProgressShown_ = true;
+    return !onProgress || onProgress(static_cast<int>(progress_.size()));
+}
+
+void ScriptedUserInterface::EndProgress() { isProgressShown_ = false; }
 
 } // namespace tamarind::tests

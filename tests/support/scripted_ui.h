@@ -37,6 +37,8 @@ public:
     /// Called while a message is on the screen.
     std::function<void(const platform::Message&)> onMessage;
     bool stopRequested = false;
+    /// The answer to the n-th ShowProgress, from 1; without it every job goes on.
+    std::function<bool(int)> onProgress;
 
     [[nodiscard]] const std::vector<Shown>& Everything() const { return shown_; }
     [[nodiscard]] std::vector<platform::Message> Messages() const;
@@ -47,6 +49,7 @@ public:
     [[nodiscard]] int BusyDepth() const { return busyDepth_; }
     /// How often the hourglass was switched on from off.
     [[nodiscard]] int BusyTimes() const { return busyTimes_; }
+    [[nodiscard]] const std::vector<platform::Progress>& ProgressShown() const { return progress_; }
     [[nodiscard]] const std::vector<bool>& WaitingCalls() const { return waitingCalls_; }
 
     platform::Answer Show(const platform::Message& message) override;
@@ -55,12 +58,16 @@ public:
     void SetBusy(bool busy) override;
     void ProcessEvents() override;
     void ShowStatus(const std::string& text) override;
+    bool ShowProgress(const platform::Progress& progress) override;
+    void EndProgress() override;
     [[nodiscard]] bool StopRequested() override { return stopRequested; }
     void SetWaiting(bool waiting) override { waitingCalls_.push_back(waiting); }
 
 private:
     std::vector<Shown> shown_;
     std::vector<bool> waitingCalls_;
+    std::vector<platform::Progress> progress_;
+    bool isProgressShown_ = false;
     int eventRounds_ = 0;
     int busyDepth_ = 0;
     int busyTimes_ = 0;

@@ -128,5 +128,81 @@ TEST(CompareNoCase, OrdersByLetterWhateverItsCase) {
 
 TEST(ToLower, ChangesLettersOnly) { EXPECT_EQ(ToLower("ABC_12-Ж\xFF"), "abc_12-ж\xFF"); }
 
+TEST(FindNoCase, FindsAsciiLettersInAnyCase) {
+    EXPECT_EQ(FindNoCase("xx<PROVIDER>", "<Provider"), 3U);
+    EXPECT_EQ(FindNoCase("xx<provider>", "<PROVIDER"), 3U);
+    EXPECT_EQ(FindNoCase("abcabc", "C", 4), 6U);
+    EXPECT_EQ(FindNoCase("abc", "d"), 0U);
+    EXPECT_EQ(FindNoCase("ab", "abc"), 0U);
+}
+
+TEST(FindNoCase, TellsSignsFromLettersThatDifferInTheSameBit) {
+    EXPECT_EQ(FindNoCase("[", "{"), 0U); // 5B and 7B
+    EXPECT_EQ(FindNoCase("@", "`"), 0U); // 40 and 60
+    EXPECT_EQ(FindNoCase("a[b", "A[B"), 1U);
+}
+
+TEST(FindNoCase, LooksAtOrAfterTheStart) {
+    EXPECT_EQ(FindNoCase("aAaA", "aa", 2), 2U);
+    EXPECT_EQ(FindNoCase("aAaA", "aa", 4), 0U);
+    EXPECT_EQ(FindNoCase("aAaA", "aa", 100), 0U);
+    EXPECT_EQ(FindNoCase("abc", "", 2), 2U);
+    EXPECT_THROW(static_cast<void>(FindNoCase("abc", "a", 0)), RuntimeError);
+}
+
+TEST(FindNoCase, FindsForeignLettersInAnyCase) {
+    EXPECT_EQ(FindNoCase("x \xD0\xB4\xD0\xB5\xD0\xBF\xD0\xBE", "\xD0\x94\xD0\x95\xD0\x9F\xD0\x9E"), 3U);
+    EXPECT_EQ(FindNoCase("\xC3\x89t\xC3\xA9", "\xC3\xA9T\xC3\x89"), 1U);
+    EXPECT_EQ(FindNoCase("\xC3\x89", "\xC3\xA8"), 0U);
+}
+
+TEST(FindNoCase, FindsWhatAPlainLoopFinds) {
+    // All texts of up to seven letters out of three, with every key of up to three.
+    const std::string letters = "aAb";
+    const auto spell = [&](std::size_t number, std::size_t length) {
+        std::string word;
+        for (; length > 0; --length, number /= 3)
+            word += letters[number % 3];
+        return word;
+    };
+    const auto plain = [](const std::string& text, const std::string& key) {
+        return Find(ToLower(text), ToLower(key));
+    };
+    for (std::size_t number = 0; number < 2187; ++number) {
+        const std::string text = spell(number, 7);
+        for (std::size_t length = 1; length <= 3; ++length) {
+            for (std::size_t k = 0; k < 27; ++k) {
+                const std::string key = spell(k, length);
+                ASSERT_EQ(FindNoCase(text, key), plain(text, key)) << text << ' ' << key;
+            }
+        }
+    }
+}
+
+TEST(FindNoCase, FindsAKeyThatIsLongerThanOneSkip) {
+    const std::string key = std::string(300, 'a') + "Z" + std::string(300, 'b');
+    EXPECT_EQ(FindNoCase(std::string(700, 'A') + "z" + std::string(700, 'B'), key), 401U);
+}
+
+TEST(FindLastNoCase, FindsTheLastThatEndsAtOrBeforeTheEnd) {
+    EXPECT_EQ(FindLastNoCase("abABab", "ab"), 5U);
+    EXPECT_EQ(FindLastNoCase("abABab", "ab", 5), 3U);
+    EXPECT_EQ(FindLastNoCase("abABab", "ab", 1), 0U);
+    EXPECT_EQ(FindLastNoCase("abABab", "ab", 0), 0U);
+    EXPECT_EQ(FindLastNoCase("\xC3\x89 \xC3\xA9", "\xC3\xA9", 3), 1U);
+}
+
+TEST(ReplaceAllNoCase, ReplacesFromLeftToRight) {
+    EXPECT_EQ(ReplaceAllNoCase("aAab", "aa", "x"), "xab");
+    EXPECT_EQ(ReplaceAllNoCase("abc", "", "x"), "abc");
+    EXPECT_EQ(ReplaceAllNoCase("\xC3\x89-\xC3\xA9", "\xC3\xA9", "e"), "e-e");
+}
+
+TEST(StartsWithNoCase, ComparesTheFront) {
+    EXPECT_TRUE(StartsWithNoCase("Textures", "text"));
+    EXPECT_TRUE(StartsWithNoCase("abc", ""));
+    EXPECT_FALSE(StartsWithNoCase("tex", "text"));
+}
+
 } // namespace
 } // namespace tamarind::text

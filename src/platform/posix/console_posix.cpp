@@ -3,6 +3,8 @@
 #include "platform/paths.h"
 
 #include <csignal>
+#include <cstdlib>
+#include <string_view>
 #include <unistd.h>
 
 namespace tamarind::platform {
@@ -28,6 +30,12 @@ void CatchInterrupt() {
 bool IsInterrupted() { return InterruptFlag() != 0; }
 
 bool StandardInputIsTerminal() { return isatty(STDIN_FILENO) == 1; }
+
+bool StandardErrorIsTerminal() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing changes the environment
+    const char* const terminal = std::getenv("TERM");
+    return isatty(STDERR_FILENO) == 1 && terminal != nullptr && std::string_view(terminal) != "dumb";
+}
 
 std::vector<std::string> ProgramArguments(int count, char** arguments) {
     return count < 1 ? std::vector<std::string>() : std::vector<std::string>(arguments + 1, arguments + count);

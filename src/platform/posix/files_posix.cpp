@@ -4,6 +4,7 @@
 #include "platform/posix/native_path.h"
 #include "platform/posix/open_files.h"
 #include "platform/posix/system_error.h"
+#include "platform/posix/trash.h"
 #include "text/runtime_error.h"
 #include "text/search.h"
 
@@ -206,6 +207,8 @@ public:
         }
         Check(rmdir(native.c_str()), path);
     }
+
+    bool MoveToTrash(const std::string& path) override { return MoveToNativeTrash(Native(path), path); }
 };
 
 std::vector<FolderEntry> PosixFiles::List(const std::string& folder) const {

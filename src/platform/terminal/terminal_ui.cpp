@@ -30,6 +30,7 @@ TerminalUserInterface::TerminalUserInterface(const Options& options, std::ostrea
     : options_(options), output_(output), ask_(std::move(ask)) {}
 
 Answer TerminalUserInterface::Show(const Message& message) {
+    EndProgress();
     if (!options_.isQuiet) output_ << WithPlainLineEnds(message.text) << '\n';
     const Answer answer = message.buttons == Buttons::Ok ? Answer::Ok : AnswerTo(message);
     shown_.push_back({message, answer});
@@ -37,6 +38,9 @@ Answer TerminalUserInterface::Show(const Message& message) {
 }
 
 Answer TerminalUserInterface::AnswerTo(const Message& message) {
+    if (options_.answerTo) {
+        if (const auto answer = options_.answerTo(message)) return *answer;
+    }
     if (options_.answer) return *options_.answer;
     while (true) {
         output_ << (options_.isQuiet ? WithPlainLineEnds(message.text) + ' ' : "")
@@ -54,6 +58,20 @@ std::string TerminalUserInterface::AskForText(const std::string&, const std::str
 void TerminalUserInterface::SetBusy(bool) {}
 
 void TerminalUserInterface::ProcessEvents() {}
+
+bool TerminalUserInterface::ShowProgress(const Progress& progress) {
+    constexpr const char* kClearLine = "\r\x1B[K";
+    if (options_.showsProgress) {
+        output_ << kClearLine << ProgressText(progress) << ": " << progress.current << std::flush;
+        hasProgressLine_ = true;
+    }
+    return !options_.isInterrupted();
+}
+
+void TerminalUserInterface::EndProgress() {
+    if (hasProgressLine_) output_ << "\r\x1B[K" << std::flush;
+    hasProgressLine_ = false;
+}
 
 bool TerminalUserInterface::StopRequested() { return options_.isInterrupted(); }
 

@@ -20,7 +20,10 @@ public:
     };
 
     struct Options {
-        std::optional<Answer> answer;                               ///< to every question; without it a person is asked
+        std::optional<Answer> answer = {};                               ///< to every question; without it a person is asked
+        /// An answer to one question alone; it comes before `answer`.
+        std::function<std::optional<Answer>(const Message&)> answerTo = {};
+        bool showsProgress = false; ///< on a line that is written over and over
         bool isQuiet = false;                                       ///< messages are remembered only
         std::function<bool()> isInterrupted = [] { return false; }; ///< Ctrl-C stops an outside program
     };
@@ -35,6 +38,8 @@ public:
     void SetBusy(bool busy) override;
     void ProcessEvents() override;
     void ShowStatus(const std::string& text) override;
+    bool ShowProgress(const Progress& progress) override;
+    void EndProgress() override;
     [[nodiscard]] bool StopRequested() override;
 
     [[nodiscard]] const std::vector<Shown>& Messages() const { return shown_; }
@@ -46,6 +51,7 @@ private:
     std::ostream& output_;
     std::function<std::optional<std::string>()> ask_;
     std::vector<Shown> shown_;
+    bool hasProgressLine_ = false;
 };
 
 } // namespace tamarind::platform

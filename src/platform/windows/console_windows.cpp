@@ -28,6 +28,13 @@ bool IsInterrupted() { return InterruptFlag(); }
 
 bool StandardInputIsTerminal() { return _isatty(_fileno(stdin)) != 0; }
 
+bool StandardErrorIsTerminal() {
+    const HANDLE handle = GetStdHandle(STD_ERROR_HANDLE);
+    DWORD mode = 0;
+    // A console that takes the sequences that other terminals take.
+    return GetConsoleMode(handle, &mode) != 0 && SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+}
+
 // main() gets them in the system's code page, which has no letters for most names.
 std::vector<std::string> ProgramArguments(int, char**) {
     SetConsoleOutputCP(CP_UTF8);

@@ -1,6 +1,7 @@
 #include "platform/platform.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/open_files.h"
+#include "platform/windows/recycle_bin.h"
 #include "platform/windows/security.h"
 #include "platform/windows/wide.h"
 #include "text/runtime_error.h"
@@ -185,6 +186,7 @@ public:
         }
         Check(RemoveDirectoryW(native.c_str()), path);
     }
+    bool MoveToTrash(const std::string& path) override { return MoveToRecycleBin(path); }
 };
 
 /// A read-only target is made writable for the moment of the move, because the system refuses to replace it; the

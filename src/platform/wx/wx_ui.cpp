@@ -7,10 +7,12 @@
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
+#include <wx/progdlg.h>
 #include <wx/msgdlg.h>
 #include <wx/textdlg.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace tamarind::platform {
@@ -58,6 +60,8 @@ wxString WithPlainLineEnds(const std::string& text) {
 
 WxUserInterface::WxUserInterface(Window window) : window_(std::move(window)) {}
 
+WxUserInterface::~WxUserInterface() = default;
+
 Answer WxUserInterface::Show(const Message& message) {
     wxMessageDialog box(window_.parent(), WithPlainLineEnds(message.text), ToWx(message.title),
                         StyleOf(message.icon) | StyleOf(message.buttons) | wxCENTRE);
@@ -97,6 +101,23 @@ void WxUserInterface::ProcessEvents() {
 }
 
 void WxUserInterface::ShowStatus(const std::string& text) { window_.showStatus(text); }
+
+bool WxUserInterface::ShowProgress(const Progress& progress) {
+    const int total = static_cast<int>(std::max<std::size_t>(progress.total, 1));
+    // The bar never reaches its end: there the dialog would wait for the person.
+    const int done = static_cast<int>(std::min<std::size_t>(progress.done, progress.total));
+    const wxString text = ToWx(ProgressText(progress) + "\n" + progress.current);
+    if (!progress_) {
+        // Wide enough for the names to come.
+        const wxString widest = wxString(' ', 80) + "\n ";
+        progress_ = std::make_unique<wxGenericProgressDialog>(ToWx(progress.title), widest, total + 1,
+                                                              window_.parent(), wxPD_APP_MODAL | wxPD_CAN_ABORT);
+    }
+    if (progress_->GetRange() != total + 1) progress_->SetRange(total + 1);
+    return progress_->Update(done, text);
+}
+
+void WxUserInterface::EndProgress() { progress_.reset(); }
 
 bool WxUserInterface::StopRequested() { return window_.stopRequested(); }
 

@@ -3,8 +3,10 @@
 #include "platform/ui.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
+class wxGenericProgressDialog;
 class wxWindow;
 
 namespace tamarind::platform {
@@ -21,6 +23,9 @@ public:
     };
 
     explicit WxUserInterface(Window window);
+    ~WxUserInterface() override;
+    WxUserInterface(const WxUserInterface&) = delete;
+    WxUserInterface& operator=(const WxUserInterface&) = delete;
 
     Answer Show(const Message& message) override;
     std::string AskForFile(const FileDialog& dialog) override;
@@ -28,11 +33,14 @@ public:
     void SetBusy(bool busy) override;
     void ProcessEvents() override;
     void ShowStatus(const std::string& text) override;
+    bool ShowProgress(const Progress& progress) override;
+    void EndProgress() override;
     [[nodiscard]] bool StopRequested() override;
     void SetWaiting(bool waiting) override;
 
 private:
     Window window_;
+    std::unique_ptr<wxGenericProgressDialog> progress_;
 };
 
 } // namespace tamarind::platform

@@ -1,4 +1,4 @@
-#include "cli/prepare_game.h"
+#include "cli/prepare.h"
 
 #include "platform/myfile.h"
 #include "platform/paths.h"

@@ -5,7 +5,7 @@
 
 namespace tamarind::cli {
 
-/// What a window's start-up does before a game file can be opened: settings, game folder, TempFiles.
+/// What a window's start-up does before a command can work on the game: settings, game folder, TempFiles.
 void PrepareGame(session::EditorContext& context, const Arguments& arguments);
 
 } // namespace tamarind::cli

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "session/editor_context.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+/// The routes window without its controls: what it shows, as plain data, and its commands as functions. The window
+/// fills its lists from RouteWindow after every command and hands over which items are selected.
+namespace tamarind::routes {
+
+/// Indices of selected items, from 0, in the order of the list. The window unselects them when a command has run.
+using Selection = std::span<const std::size_t>;
+
+struct RouteWindow {
+    std::string RoutesFile;      ///< full path of the routes index
+    std::string RoutesText;      ///< its text, as read when the window was loaded or last written
+    std::string RouteFolder;     ///< of the route whose scenarios are listed; empty before
+    std::string ScenarioXmlName; ///< name of the converted scenario index in TempFiles
+
+    std::vector<std::string> List1; ///< display names of the routes
+    std::vector<std::string> List2; ///< ids of the routes
+    std::vector<std::string> List3; ///< display names of the scenarios; after a check for textures its blueprints
+    std::vector<std::string> List4; ///< ids of the scenarios (not while scenarios are packaged)
+    bool isFile1Visible = true;
+
+    /// List3 shows the scenarios of RouteFolder. A check ends that, for it needs List3 and TempFiles.
+    bool hasScenarios = false;
+    /// A command is waiting for the converter: no other one may begin.
+    bool isBusy = false;
+    /// The window is to close.
+    bool isClosed = false;
+};
+
+enum class Control {
+    Command1, ///< list scenarios
+    Command2, ///< delete scenario
+    Command3, ///< list stock
+    Command4, ///< check route
+    Command5, ///< add to package
+    Command6, ///< process package
+    Command7, ///< edit scenario
+    OKButton, ///< delete or package route
+    CancelButton,
+    LabelRouteName,
+    LabelRouteFolder,
+    LabelScenarioName,
+    LabelScenarioFolder,
+};
+
+[[nodiscard]] std::string TitleOf(const session::RouteState& state);
+[[nodiscard]] std::string CaptionOf(Control control, const session::RouteState& state);
+[[nodiscard]] bool IsVisible(Control control, const session::RouteState& state);
+/// Whether the button has a command that may begin now: no other one is waiting, and those on a scenario need a list of
+/// scenarios. Packaging and scenario editing have none yet.
+[[nodiscard]] bool IsEnabled(Control control, const session::RouteState& state, const RouteWindow& window);
+/// For the status line: how many routes there are, and the full path of the selected one, as the system writes it.
+[[nodiscard]] std::string StatusText(const session::EditorContext& context, const RouteWindow& window,
+                                     Selection selectedRoutes);
+
+/// How a command ended.
+enum class Ended {
+    Done,
+    Failed,   ///< the person was told why
+    Declined, ///< its question was not answered with Yes
+};
+
+/// Window load: reads the routes index and lists its routes. Without an index the lists are empty.
+/// Throws RuntimeError, which ends the program, for an index that cannot be read or whose records are not whole.
+void LoadRoutes(session::EditorContext& context, RouteWindow& window);
+
+/// The window was closed, by whatever means.
+void CloseRoutes(session::EditorContext& context, RouteWindow& window);
+
+/// Command1: lists the scenarios of the last selected route; without one the lists are emptied. A failure is shown, and
+/// the lists keep what was added before.
+Ended ListScenarios(session::EditorContext& context, RouteWindow& window, Selection selectedRoutes);
+
+/// The full path of a route's folder.
+[[nodiscard]] std::string RouteFolderOf(const session::EditorContext& context, const std::string& routeId);
+
+} // namespace tamarind::routes
