@@ -59,7 +59,7 @@ void frmEditor::Start(const std::string& commandLine) {
 }
 
 void frmEditor::MakePages() {
-    ssTab1_ = new wxNotebook(this, wxID_ANY);
+    ssTab1_ = new wxNotebook(this, wxID_ANY, wxDefaultPosition, GetClientSize());
     ssTab1_->SetName("SSTab1");
     textPage_ = new editors::TextPage(ssTab1_);
     preview_ = new convert::TexturePreviewPage(
