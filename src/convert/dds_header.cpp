@@ -2,9 +2,11 @@
 
 #include "convert/hex.h"
 
+#include <algorithm>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tamarind::convert {
 namespace {
@@ -25,30 +27,31 @@ std::string Padded(std::string digits, std::size_t length) {
     return digits;
 }
 
-/// Low byte first.
-std::string SixteenBits(std::int16_t number) {
-    const std::string digits = Padded(Dec2Hex(number), 4);
-    return digits.substr(digits.size() - 2) + digits.substr(0, 2);
+using Bytes = std::vector<std::uint8_t>;
+
+/// The last digits, two a byte, low byte first.
+Bytes LowByteFirst(const std::string& digits, std::size_t count) {
+    Bytes bytes;
+    for (std::size_t end = digits.size(); bytes.size() < count; end -= 2)
+        bytes.push_back(static_cast<std::uint8_t>(Hex2Dec(digits.substr(end - 2, 2))));
+    return bytes;
 }
 
-std::string Height(const DdsPicture& picture) { return SixteenBits(picture.height); }
-std::string Width(const DdsPicture& picture) { return SixteenBits(picture.width); }
+Bytes Height(const DdsPicture& picture) { return LowByteFirst(Padded(Dec2Hex(picture.height), 4), 2); }
+Bytes Width(const DdsPicture& picture) { return LowByteFirst(Padded(Dec2Hex(picture.width), 4), 2); }
+Bytes FirstBlobSize(const DdsPicture& picture) { return LowByteFirst(Padded(Dec2Hex(picture.firstBlobSize), 8), 4); }
 
-/// Low byte first.
-std::string FirstBlobSize(const DdsPicture& picture) {
-    const std::string digits = Padded(Dec2Hex(picture.firstBlobSize), 8);
-    return digits.substr(6, 2) + digits.substr(4, 2) + digits.substr(2, 2) + digits.substr(0, 2);
+/// Decimal digits, read as hexadecimal.
+Bytes LevelCount(const DdsPicture& picture) {
+    return {static_cast<std::uint8_t>(Hex2Dec(Padded(std::to_string(picture.levels), 2)))};
 }
-
-/// Decimal digits, to be read as hexadecimal.
-std::string LevelCount(const DdsPicture& picture) { return Padded(std::to_string(picture.levels), 2); }
 
 /// Bytes in the header, as hexadecimal text; what no row names is 0.
 struct Row {
     std::size_t offset;
     Condition when;
     std::string_view bytes;
-    std::string (*computed)(const DdsPicture&) = nullptr; ///< in place of `bytes`
+    Bytes (*computed)(const DdsPicture&) = nullptr; ///< in place of `bytes`
 };
 
 constexpr std::array kLayout = {
@@ -84,8 +87,12 @@ std::array<std::uint8_t, kDdsHeaderSize> MakeDdsHeader(const DdsPicture& picture
     std::array<std::uint8_t, kDdsHeaderSize> header{};
     for (const Row& row : kLayout) {
         if (!row.when(picture)) continue;
-        const std::string bytes = row.computed == nullptr ? std::string(row.bytes) : row.computed(picture);
-        DecodeHex(bytes, std::span(header).subspan(row.offset));
+        if (row.computed == nullptr) {
+            DecodeHex(row.bytes, std::span(header).subspan(row.offset));
+        } else {
+            const Bytes bytes = row.computed(picture);
+            std::copy(bytes.begin(), bytes.end(), header.begin() + static_cast<std::ptrdiff_t>(row.offset));
+        }
     }
     return header;
 }

@@ -31,7 +31,7 @@ constexpr std::size_t kLine = kGroup * kGroupsOfLine;
 constexpr std::array<std::int8_t, 256> MakeMeanings() {
     std::array<std::int8_t, 256> meanings{};
     for (std::size_t c = 0; c < meanings.size(); ++c) {
-        meanings[c] = c < 0x80 ? kNoDigit : kNotAscii;
+        meanings[c] = static_cast<std::int8_t>(c < 0x80 ? kNoDigit : kNotAscii);
     }
     for (std::size_t value = 0; value < kDigits.size(); ++value) {
         const auto digit = static_cast<unsigned char>(kDigits[value]);

@@ -15,9 +15,11 @@ std::string EncodePng(const Picture& picture) {
     const auto append = [](void* target, void* data, int size) {
         static_cast<std::string*>(target)->append(static_cast<const char*>(data), static_cast<std::size_t>(size));
     };
-    if (stbi_write_png_to_func(append, &bytes, picture.width, picture.height, kChannels, picture.rgba.data(),
-                               picture.width * kChannels) == 0) {
-        throw text::RuntimeError(text::ErrorNumber::DeviceIoError, "There is not enough memory for the picture.");
+    const bool isEmpty = picture.width < 1 || picture.height < 1;
+    if (isEmpty || stbi_write_png_to_func(append, &bytes, picture.width, picture.height, kChannels, picture.rgba.data(),
+                                          picture.width * kChannels) == 0) {
+        throw text::RuntimeError(text::ErrorNumber::DeviceIoError,
+                                 "The picture is empty, or there is not enough memory for it.");
     }
     return bytes;
 }

@@ -103,6 +103,29 @@ TEST_F(MenuItemsTest, WithoutACommandIsDisabled) {
     }
 }
 
+TEST_F(MenuItemsTest, TheTexturesCommandsAreAlwaysThere) {
+    for (const char* item : {"mnuDDS", "mnuView", "mnuEditDDS", "mnuDDStoKrs", "mnuIRF", "mnuViewer"})
+        EXPECT_TRUE(IsEnabled(item)) << item;
+}
+
+TEST_F(MenuItemsTest, EachOfTheTexturesCommandsIsItsOwn) {
+    Item("mnuDDS").command(rig.context);
+    Item("mnuView").command(rig.context);
+    Item("mnuEditDDS").command(rig.context);
+    ASSERT_EQ(rig.ui.MessageTexts().size(), 3U);
+    EXPECT_TRUE(rig.ui.MessageTexts()[0].starts_with("Please open a texture first"));
+    EXPECT_TRUE(rig.ui.MessageTexts()[1].starts_with("To view DDS files"));
+    EXPECT_TRUE(rig.ui.MessageTexts()[2].starts_with("To edit DDS files"));
+    rig.ui.filePaths = {"", "", ""};
+    Item("mnuDDStoKrs").command(rig.context);
+    Item("mnuIRF").command(rig.context);
+    Item("mnuViewer").command(rig.context);
+    ASSERT_EQ(rig.ui.FileDialogs().size(), 3U);
+    EXPECT_EQ(rig.ui.FileDialogs()[0].title, "View .dds file");
+    EXPECT_EQ(rig.ui.FileDialogs()[1].title, "Select your Graphics Editor");
+    EXPECT_EQ(rig.ui.FileDialogs()[2].title, "Select your Graphics Viewer");
+}
+
 TEST_F(MenuItemsTest, SaveToAGameFileNeedsOneThatIsOpen) {
     EXPECT_FALSE(IsEnabled("mnuSaveRS"));
     rig.session.RSFileLoaded = true;
