@@ -2,6 +2,13 @@
 
 #include "text/runtime_error.h"
 
+#include <algorithm>
+#include <cstdlib>
+
+// Never none: what an allocation of 0 bytes gives is the system's choice.
+#define STBIW_MALLOC(size) std::malloc(std::max<std::size_t>(static_cast<std::size_t>(size), 1))
+#define STBIW_REALLOC(memory, size) std::realloc(memory, size)
+#define STBIW_FREE(memory) std::free(memory)
 #define STB_IMAGE_WRITE_IMPLEMENTATION
 #define STB_IMAGE_WRITE_STATIC
 #define STBI_WRITE_NO_STDIO

@@ -27,7 +27,7 @@ bool OpensFiles(const std::string& header) {
 
 /// Libraries that are the same on every system.
 bool IsPortableLibrary(const std::string& header) {
-    constexpr std::array kLibraries{"fmt/", "CLI/", "nlohmann/", "expat.h"};
+    constexpr std::array kLibraries{"fmt/", "CLI/", "nlohmann/", "stb/", "expat.h"};
     return std::any_of(kLibraries.begin(), kLibraries.end(),
                        [&](const char* name) { return header.starts_with(name); });
 }
