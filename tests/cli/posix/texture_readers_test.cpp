@@ -1,6 +1,5 @@
 #include "cli/cli_program.h"
 
-#include "game/pictures.h"
 #include "system/program.h"
 
 #include <gmock/gmock.h>
@@ -17,6 +16,7 @@ using samples::WriteFile;
 
 // The machine's "convert" may be something else of that name.
 const fs::path kImageMagick = "/usr/bin/convert-im6.q16";
+const fs::path kTextureTools = "/usr/bin/nvcompress";
 const fs::path kPython = "/usr/bin/python3";
 constexpr std::size_t kHeader = 128;
 
@@ -55,7 +55,7 @@ std::string RandomTexture(const Format& format, std::size_t side, int levels) {
 class TextureReaders : public CliTest {
 protected:
     TextureReaders() : wall_(game_ / "Wall.TgPcDx"), dds_(kit_ / "TempFiles" / "Wall.dds") {
-        for (const fs::path& program : {kImageMagick, kPython})
+        for (const fs::path& program : {kImageMagick, kTextureTools, kPython})
             EXPECT_TRUE(fs::exists(program)) << program << " is missing: run scripts/install-packages.sh";
     }
 
@@ -175,12 +175,16 @@ TEST_F(TextureReaders, ChangeAnUncompressedPicture) {
     }
 }
 
-// No program at hand writes DXT3; its blocks are made here.
-TEST_F(TextureReaders, SeeAChangedDxt3Picture) {
-    Export(RandomTexture(kFormats[1], 32, 1));
+TEST_F(TextureReaders, ChangeADxt3PictureWithAllItsLevels) {
+    Export(RandomTexture(kFormats[1], 64, 7));
     const std::string text = TextAroundPixels();
-    const std::string changed = ReadFile(dds_).substr(0, kHeader) + samples::EncodeDxt3(samples::DrawGradient(32));
-    WriteFile(dds_, changed);
+    const std::string before = ReadFile(dds_);
+    RunProgram(kImageMagick, {"-size", "64x64", "gradient:rgba(200,10,20,0.8)-rgba(10,20,200,0.3)",
+                              "png32:" + Utf8(Path("wall.png"))});
+    RunProgram(kTextureTools, {"-nocuda", "-alpha", "-bc2", Utf8(Path("wall.png")), Utf8(dds_)});
+    const std::string changed = ReadFile(dds_);
+    ASSERT_EQ(changed.size(), before.size());
+    ASSERT_NE(changed.substr(kHeader), before.substr(kHeader));
     ExpectImported(changed, text);
     EXPECT_TRUE(PixelsByPreview() == PixelsByImageMagick(dds_));
 }
