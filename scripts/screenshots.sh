@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Takes the pictures of the README: the main window of both targets with the sample's Track.XSec open. Expects finished
+# Takes the pictures of the README: the main window of both targets with the sample's Track.XSec open, and one with a
+# texture beside its text (texture.png, texture-windows.png). Expects finished
 # builds in build/linux/bin and build/windows/bin (or the folders given as BIN_LINUX and BIN_WINDOWS).
 # `screenshots.sh FOLDER` puts them there; SCALE=1.5 shows them as on a screen of 150 %, PAGE=text the other editor.
 set -euo pipefail
@@ -64,8 +65,14 @@ take() { # name y-of-Record y-of-the-first-attribute command...
   echo "$folder/$name.png"
 }
 
+texture="$game/Assets/Fernhollow/AlderVale/RailVehicles/Diesel/Otter/Textures/Livery.TgPcDx"
+
 prepare "$linux" tamarind "${game//\//\\}"
 GDK_DPI_SCALE=$scale take linux 157 160 "$work/program/tamarind" "$track"
+page=text
+prepare "$linux" tamarind "${game//\//\\}"
+GDK_DPI_SCALE=$scale take texture 0 0 "$work/program/tamarind" "$texture"
+page=${PAGE:-tree}
 
 "$here/scripts/wine.sh" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD \
   /d "$(awk "BEGIN { print int(96 * $scale) }")" /f >/dev/null 2>&1
@@ -73,3 +80,6 @@ GDK_DPI_SCALE=$scale take linux 157 160 "$work/program/tamarind" "$track"
 "$here/scripts/wine.sh" reg add 'HKCU\Control Panel\Desktop' /v FontSmoothingType /t REG_DWORD /d 2 /f >/dev/null 2>&1
 prepare "$windows" Tamarind.exe "Z:${game//\//\\}"
 take windows 121 125 "$here/scripts/wine.sh" "$work/program/Tamarind.exe" "Z:${track//\//\\}"
+page=text
+prepare "$windows" Tamarind.exe "Z:${game//\//\\}"
+take texture-windows 0 0 "$here/scripts/wine.sh" "$work/program/Tamarind.exe" "Z:${texture//\//\\}"

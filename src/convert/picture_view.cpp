@@ -12,6 +12,7 @@ constexpr std::array kUsualScales{
     kSmallestScale, 1.0 / 24, 1.0 / 16,     1.0 / 12, 1.0 / 8, 1.0 / 6, 1.0 / 4, 1.0 / 3, 1.0 / 2,
     2.0 / 3,        1.0,      1.5,          2.0,      3.0,     4.0,     6.0,     8.0,     12.0,
     16.0,           24.0,     kLargestScale};
+constexpr double kLargestFit = 8;
 constexpr double kSameScale = 1.001;
 constexpr int kSquare = 8; ///< side of a square of the ground
 constexpr unsigned kLightSquare = 0xFF;
@@ -62,7 +63,8 @@ void Put(const Sums& sums, unsigned ground, std::uint8_t* target) {
 double FitScale(const PixelSize& picture, const PixelSize& room) {
     const double across = static_cast<double>(room.width) / picture.width;
     const double down = static_cast<double>(room.height) / picture.height;
-    return std::min({across, down, 1.0});
+    const double fitting = std::min(across, down);
+    return fitting < 1 ? fitting : std::min(std::floor(fitting), kLargestFit);
 }
 
 double NextScale(double scale, bool larger) {

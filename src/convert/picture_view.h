@@ -25,7 +25,8 @@ struct Region {
 inline constexpr double kSmallestScale = 1.0 / 32;
 inline constexpr double kLargestScale = 32;
 
-/// Screen pixels a picture pixel, so that the whole picture fits into the room. A small picture is not enlarged.
+/// Screen pixels a picture pixel, so that the whole picture fits into the room. A small picture is enlarged by a whole
+/// number, at most 8.
 [[nodiscard]] double FitScale(const PixelSize& picture, const PixelSize& room);
 
 /// The next usual scale above (`larger`) or below; the last one stays.

@@ -23,7 +23,12 @@ TEST(FitScale, ShrinksToTheTighterSide) {
     EXPECT_DOUBLE_EQ(FitScale({100, 400}, {100, 100}), 0.25);
 }
 
-TEST(FitScale, LeavesASmallPictureAtItsSize) { EXPECT_DOUBLE_EQ(FitScale({16, 16}, {400, 300}), 1); }
+TEST(FitScale, EnlargesASmallPictureByAWholeNumber) {
+    EXPECT_DOUBLE_EQ(FitScale({64, 64}, {400, 300}), 4); // 300 / 64 is 4.7
+    EXPECT_DOUBLE_EQ(FitScale({300, 300}, {400, 300}), 1);
+}
+
+TEST(FitScale, EnlargesByEightAtMost) { EXPECT_DOUBLE_EQ(FitScale({16, 16}, {400, 300}), 8); }
 
 TEST(FitScale, FitsTheWidestPictureThereIs) { EXPECT_LE(32767 * FitScale({32767, 1}, {100, 100}), 100); }
 

@@ -12,7 +12,8 @@ using std::chrono::steady_clock;
 
 constexpr milliseconds kLongestPause(LONGEST_PAUSE_MS);
 constexpr milliseconds kTick(5);
-constexpr std::size_t kFiftyMegabytes = 50'000'000;
+/// Where everything is slower, by a sanitizer or by Wine beside other programs, the text is smaller too.
+constexpr std::size_t kTextSize = LONGEST_PAUSE_MS > 200 ? 10'000'000 : 50'000'000;
 
 /// Measures how long the program answers nothing: a timer that should tick all the time.
 class PauseMeter : public wxTimer {
@@ -37,17 +38,17 @@ protected:
     session::EditorView& View() { return window_->Context().view; }
 };
 
-std::string XmlOfFiftyMegabytes() {
+std::string LargeXml() {
     const std::string line = "  <s:Value d:type=\"sFloat32\" d:alt_encoding=\"0000000000000000\">1435</s:Value>\r\n";
     std::string xml = "<Values>\r\n";
-    while (xml.size() < kFiftyMegabytes)
+    while (xml.size() < kTextSize)
         xml += line;
     return xml + "</Values>\r\n";
 }
 
-TEST_F(LargeText, OfFiftyMegabytesIsShownWithoutALongPause) {
+TEST_F(LargeText, IsShownWithoutALongPause) {
     Open();
-    const std::string xml = XmlOfFiftyMegabytes();
+    const std::string xml = LargeXml();
     session_.CommandFile = folder_.Write("Rail Simulator\\large.xml", xml);
     milliseconds longest(milliseconds::max());
     // The best of three: a busy machine makes pauses of its own.

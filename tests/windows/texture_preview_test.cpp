@@ -9,12 +9,12 @@
 #include <wx/stc/stc.h>
 
 #include <algorithm>
+#include <ctime>
 
 namespace tamarind::tests {
 namespace {
 
 using platform::FromWx;
-using std::chrono::steady_clock;
 
 constexpr int kNothing = wxNOT_FOUND;
 
@@ -57,7 +57,7 @@ protected:
         auto& canvas = Find("PreviewPicture");
         wxKeyEvent event(wxEVT_KEY_DOWN);
         event.SetEventObject(&canvas);
-        event.m_uniChar = key;
+        event.m_uniChar = static_cast<wxChar>(key);
         event.m_keyCode = key;
         canvas.GetEventHandler()->ProcessEvent(event);
     }
@@ -146,12 +146,12 @@ TEST_F(TexturePreview, IsZoomedByWheelKeysAndButtons) {
     Open();
     View().SetEditorText(TwoLevels());
     Pump();
-    EXPECT_EQ(Scale(), "100 %"); // a small picture is not enlarged by itself
+    EXPECT_EQ(Scale(), "800 %"); // as large as a small picture becomes by itself
     TurnWheel(120);
-    EXPECT_EQ(Scale(), "150 %");
+    EXPECT_EQ(Scale(), "1200 %");
     TurnWheel(-120);
     TurnWheel(-120);
-    EXPECT_EQ(Scale(), "67 %");
+    EXPECT_EQ(Scale(), "600 %");
     Press(Find("PreviewFull"));
     EXPECT_EQ(Scale(), "100 %");
     Key('+');
@@ -160,7 +160,7 @@ TEST_F(TexturePreview, IsZoomedByWheelKeysAndButtons) {
     Key('-');
     EXPECT_EQ(Scale(), "150 %");
     Press(Find("PreviewFit"));
-    EXPECT_EQ(Scale(), "100 %");
+    EXPECT_EQ(Scale(), "800 %");
 }
 
 TEST_F(TexturePreview, ScrollsAPictureThatIsLargerThanItsRoom) {
@@ -180,19 +180,19 @@ TEST_F(TexturePreview, ShowsALargeTextureAtOnce) {
     // 512 x 512 blocks of eight bytes, four to a line as the converter writes them.
     const std::string line = Repeated("00F8000000000000 ", 4) + "\r\n";
     const std::string xml = TextureText(kDxt1, "2048", "2048", {{"2097152", Repeated(line, 512UL * 512 / 4)}});
-    milliseconds shortest(milliseconds::max());
-    // The best of three: a busy machine makes pauses of its own.
+    // Processor time where the system counts it: what other programs do is none of ours.
+    double shortest = LONGEST_PAUSE_MS;
     for (int attempt = 0; attempt < 3; ++attempt) {
         View().SetEditorText("");
         Pump();
-        const auto start = steady_clock::now();
+        const std::clock_t start = std::clock();
         View().SetEditorText(xml);
         Find("PreviewPicture").Update();
         Pump();
-        shortest = std::min(shortest, std::chrono::duration_cast<milliseconds>(steady_clock::now() - start));
+        shortest = std::min(shortest, 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
     }
-    RecordProperty("Milliseconds", static_cast<int>(shortest.count()));
-    EXPECT_LT(shortest.count(), LONGEST_PAUSE_MS / 2);
+    RecordProperty("Milliseconds", static_cast<int>(shortest));
+    EXPECT_LT(shortest, LONGEST_PAUSE_MS / 2);
     EXPECT_EQ(MiddleColour(), wxColour(255, 0, 0));
 }
 
