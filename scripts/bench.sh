@@ -6,5 +6,7 @@ cd "$(dirname "$0")/.."
 [ -e build/linux-bench/build.ninja ] || cmake --preset linux-bench >/dev/null
 cmake --build build/linux-bench
 build/linux-bench/bin/document_bench
+build/linux-bench/bin/routes_bench
+bench/compare_check.sh build/linux-bench/bin
 bench/compare_document.sh build/linux-bench/bin
 bench/compare_window.sh build/linux-bench/bin
