@@ -8,8 +8,11 @@ for target in build/fuzz/bin/*_fuzz; do
   name=$(basename "$target")
   mkdir -p "build/fuzz/corpus/$name"
   dictionary=()
-  [ "$name" = load_xml_fuzz ] && dictionary=(-dict=tests/fuzz/xml.dict)
-  [[ "$name" == texture_* ]] && dictionary=(-dict=tests/fuzz/texture.dict)
+  case "$name" in
+    load_xml_fuzz) dictionary=(-dict=tests/fuzz/xml.dict) ;;
+    texture_*) dictionary=(-dict=tests/fuzz/texture.dict) ;;
+    index_fuzz | remove_entry_fuzz | tile_fuzz | shape_fuzz) dictionary=(-dict=tests/fuzz/routes.dict) ;;
+  esac
   echo "== $name"
   "$target" -max_total_time="${1:-60}" -timeout=10 -print_final_stats=1 "${dictionary[@]}" \
     -artifact_prefix=build/fuzz/ "build/fuzz/corpus/$name" 2>&1 | grep -E '^(stat::number_of|==.*ERROR|SUMMARY|Done)|artifact'

@@ -16,7 +16,6 @@ namespace tamarind::routes {
 
 using platform::Answer;
 using session::EditorContext;
-using text::ErrorNumber;
 using text::RuntimeError;
 
 namespace {

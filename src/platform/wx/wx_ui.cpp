@@ -7,8 +7,8 @@
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
-#include <wx/progdlg.h>
 #include <wx/msgdlg.h>
+#include <wx/progdlg.h>
 #include <wx/textdlg.h>
 #include <wx/utils.h>
 
@@ -110,8 +110,8 @@ bool WxUserInterface::ShowProgress(const Progress& progress) {
     if (!progress_) {
         // Wide enough for the names to come.
         const wxString widest = wxString(' ', 80) + "\n ";
-        progress_ = std::make_unique<wxGenericProgressDialog>(ToWx(progress.title), widest, total + 1,
-                                                              window_.parent(), wxPD_APP_MODAL | wxPD_CAN_ABORT);
+        progress_ = std::make_unique<wxGenericProgressDialog>(ToWx(progress.title), widest, total + 1, window_.parent(),
+                                                              wxPD_APP_MODAL | wxPD_CAN_ABORT);
     }
     if (progress_->GetRange() != total + 1) progress_->SetRange(total + 1);
     return progress_->Update(done, text);
