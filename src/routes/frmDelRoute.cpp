@@ -3,6 +3,7 @@
 #include "platform/wx/fixed_pitch.h"
 #include "platform/wx/window_icons.h"
 #include "platform/wx/wx_text.h"
+#include "routes/assets.h"
 #include "routes/check.h"
 #include "routes/deletion.h"
 #include "routes/frmListRS.h"
@@ -177,11 +178,13 @@ void frmDelRoute::MakeControls() {
     outer->Add(bottom, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
     // It opens with room for whole ids, but without the column that goes away.
     outer->Hide(file1_.sizer, true);
-    SetSizerAndFit(outer);
+    SetSizer(outer);
+    const wxSize roomy = outer->ComputeFittingWindowSize(this);
     outer->Show(file1_.sizer, true, true);
     for (wxListBox* const list : {list1_, list2_, list3_, list4_, file1_.list})
         list->SetMinSize(SizeOf(*list, kFewestCharacters, kFewestLines));
     SetMinSize(outer->ComputeFittingWindowSize(this));
+    SetSize(roomy);
 }
 
 void frmDelRoute::BindEvents() {
@@ -198,10 +201,24 @@ void frmDelRoute::BindEvents() {
     pair(*list3_, *list4_, false);
     pair(*list4_, *list3_, false);
     for (wxListBox* const list : {list1_, list2_}) {
-        list->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) {
-            if (buttons_[Control::Command1]->IsEnabled()) Command1_Click();
-        });
+        // Some systems send this for the Enter key as well, just before they press the default button.
+        list->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { CallAfter([this] { OnDoubleClick(); }); });
+        UseAsDefault(*list, Control::Command1);
     }
+    for (wxListBox* const list : {list3_, list4_})
+        UseAsDefault(*list, Control::Command3);
+}
+
+/// The Enter key presses the button while the list has the keyboard.
+void frmDelRoute::UseAsDefault(wxWindow& list, Control control) {
+    list.Bind(wxEVT_SET_FOCUS, [this, control](wxFocusEvent& event) {
+        buttons_[control]->SetDefault();
+        event.Skip();
+    });
+}
+
+void frmDelRoute::OnDoubleClick() {
+    if (buttons_[Control::Command1]->IsEnabled() && !SelectedOf(*list1_).empty()) Command1_Click();
 }
 
 /// Names and folders are one list in two columns.
@@ -238,7 +255,7 @@ void frmDelRoute::Command3_Click() {
         return Ended::Declined; // the scenario stays selected
     });
     if (!stock || window_.isClosed) return;
-    auto* const list = new frmListRS(this, window_.List3.at(selected.front()), std::move(*stock), owner_.run);
+    auto* const list = new frmListRS(this, AsUtf8(window_.List3.at(selected.front())), std::move(*stock), owner_.run);
     list->Show();
 }
 
@@ -331,7 +348,7 @@ void frmDelRoute::Fill(wxListBox& list, const std::vector<std::string>& items) {
     wxArrayString texts;
     texts.Alloc(items.size());
     for (const std::string& item : items)
-        texts.Add(ToWx(item));
+        texts.Add(ToWx(AsUtf8(item)));
     list.Set(texts);
 }
 

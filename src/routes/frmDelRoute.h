@@ -48,6 +48,7 @@ private:
     wxSizer* MakeScenarios();
     void MakeControls();
     void BindEvents();
+    void UseAsDefault(wxWindow& list, Control control);
     void SelectBoth(wxListBox& from, wxListBox& to);
 
     // The handlers of the controls.
@@ -58,6 +59,7 @@ private:
     void OKButton_Click();
     void OnClose(wxCloseEvent& event);
     void OnRouteSelected();
+    void OnDoubleClick();
 
     void Run(const std::function<void(session::EditorContext&)>& command);
     /// Runs a command on the selected routes or scenarios, and unselects them unless it was declined.

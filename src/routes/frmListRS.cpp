@@ -2,6 +2,7 @@
 
 #include "platform/wx/fixed_pitch.h"
 #include "platform/wx/wx_text.h"
+#include "routes/assets.h"
 #include "routes/stock.h"
 #include "text/search.h"
 
@@ -31,7 +32,7 @@ wxArrayString Items(const std::vector<std::string>& list) {
     wxArrayString items;
     items.Alloc(list.size());
     for (const std::string& entry : list)
-        items.Add(ToWx(entry));
+        items.Add(ToWx(AsUtf8(entry)));
     return items;
 }
 
@@ -93,7 +94,7 @@ void frmListRS::PlaceControls(wxWindow* label1, wxWindow* label2, wxWindow* canc
 void frmListRS::Command1_Click() {
     std::string report;
     run_([&](const EditorContext& context) { report = MissingStock(context, list_); });
-    text1_->ChangeValue(ToWx(text::ReplaceAll(report, "\r\n", "\n")));
+    text1_->ChangeValue(ToWx(text::ReplaceAll(AsUtf8(report), "\r\n", "\n")));
     const auto missing = std::count(report.begin(), report.end(), '\n');
     ShowCount(missing == 0 ? "Nothing is missing." : fmt::format("{} of {} missing", missing, list_.size()));
 }
