@@ -3,14 +3,8 @@
 #include "platform/myfile.h"
 #include "text/code_page.h"
 
-#include <algorithm>
-
 namespace tamarind::routes {
 namespace {
-
-bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
 
 bool IsUtf8(std::string_view bytes) {
     while (!bytes.empty()) {
@@ -20,6 +14,12 @@ bool IsUtf8(std::string_view bytes) {
 }
 
 } // namespace
+
+std::string AsUtf8(const std::string& text) {
+    if (text::IsAscii(text) || !text::FitsCodePage(text)) return text;
+    std::string bytes = text::ToCodePage(text);
+    return IsUtf8(bytes) ? bytes : text;
+}
 
 const std::optional<std::string>& AssetFinder::Find(const std::string& fullName) {
     const auto known = found_.find(fullName);
@@ -31,10 +31,10 @@ std::optional<std::string> AssetFinder::Look(const std::string& fullName) const 
     // The game folder's own name was not read from a converted file.
     const std::size_t front = fullName.starts_with(gameFolder_) ? gameFolder_.size() : 0;
     const std::string name = fullName.substr(front);
-    if (IsAscii(name) || !text::FitsCodePage(name)) return std::nullopt;
-    const std::string bytes = text::ToCodePage(name);
-    const std::string other = gameFolder_.substr(0, front) + bytes;
-    return IsUtf8(bytes) && platform::FileExists(files_, other) ? std::optional(other) : std::nullopt;
+    const std::string other = AsUtf8(name);
+    if (other == name) return std::nullopt;
+    const std::string otherName = gameFolder_.substr(0, front) + other;
+    return platform::FileExists(files_, otherName) ? std::optional(otherName) : std::nullopt;
 }
 
 } // namespace tamarind::routes

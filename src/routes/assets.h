@@ -8,6 +8,10 @@
 
 namespace tamarind::routes {
 
+/// A text that was read as Windows-1252 although its bytes are UTF-8, as names in other scripts are, as what it is; any
+/// other text as it stands.
+[[nodiscard]] std::string AsUtf8(const std::string& text);
+
 /// Looks for files below the game folder, for each name only once.
 ///
 /// Names come from converted files, which are read as Windows-1252. Where a name taken so does not exist, but its bytes

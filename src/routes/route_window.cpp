@@ -101,12 +101,33 @@ std::string StatusText(const EditorContext& context, const RouteWindow& window, 
     std::string text = fmt::format("{} route{}", count, count == 1 ? "" : "s");
     if (!selectedRoutes.empty() && selectedRoutes.back() < window.List2.size()) {
         text += "   " + platform::ForDisplay(RouteFolderOf(context, window.List2[selectedRoutes.back()]));
+    } else if (window.hasScenarios) {
+        text += "   Scenarios of " + platform::ForDisplay(window.RouteFolder);
     }
     return text;
 }
 
+std::vector<std::string> RouteFiles(const EditorContext& context, const RouteWindow& window, Selection selectedRoutes) {
+    std::vector<std::string> names;
+    if (selectedRoutes.empty() || selectedRoutes.back() >= window.List2.size()) return names;
+    try {
+        for (const auto& entry :
+             context.platform.files.List(RouteFolderOf(context, window.List2[selectedRoutes.back()]))) {
+            if (!entry.isFolder) names.push_back(entry.name);
+        }
+    } catch (const RuntimeError&) {
+        names.clear(); // an index can name a route whose folder is gone
+    }
+    return names;
+}
+
 std::string RouteFolderOf(const EditorContext& context, const std::string& routeId) {
     return context.session.RailSimPath + "\\content\\Routes\\" + routeId;
+}
+
+void OpenRoutes(EditorContext& context) {
+    context.session.Routes.RouteFormMode = 0;
+    context.view.ShowRoutes();
 }
 
 void LoadRoutes(EditorContext& context, RouteWindow& window) {

@@ -55,9 +55,14 @@ enum class Control {
 /// Whether the button has a command that may begin now: no other one is waiting, and those on a scenario need a list of
 /// scenarios. Packaging and scenario editing have none yet.
 [[nodiscard]] bool IsEnabled(Control control, const session::RouteState& state, const RouteWindow& window);
-/// For the status line: how many routes there are, and the full path of the selected one, as the system writes it.
+/// For the status line: how many routes there are, and the full path of the selected one, as the system writes it;
+/// while none is selected, of the one whose scenarios are listed.
 [[nodiscard]] std::string StatusText(const session::EditorContext& context, const RouteWindow& window,
                                      Selection selectedRoutes);
+
+/// For File1: the names of the files in the folder of the selected route. Empty without one, or when it cannot be read.
+[[nodiscard]] std::vector<std::string> RouteFiles(const session::EditorContext& context, const RouteWindow& window,
+                                                  Selection selectedRoutes);
 
 /// How a command ended.
 enum class Ended {
@@ -65,6 +70,9 @@ enum class Ended {
     Failed,   ///< the person was told why
     Declined, ///< its question was not answered with Yes
 };
+
+/// The menu command that deletes and checks routes: opens the window for that.
+void OpenRoutes(session::EditorContext& context);
 
 /// Window load: reads the routes index and lists its routes. Without an index the lists are empty.
 /// Throws RuntimeError, which ends the program, for an index that cannot be read or whose records are not whole.

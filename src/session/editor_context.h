@@ -7,6 +7,8 @@
 #include "session/editor_view.h"
 #include "session/session.h"
 
+#include <functional>
+
 namespace tamarind::session {
 
 /// What every command of the main window works with.
@@ -21,5 +23,8 @@ struct EditorContext {
         return {session.ProgramFolder, session.RailSimPath};
     }
 };
+
+/// Carries out a command, and handles an error that the command does not handle itself; windows have it of the main one.
+using CommandRunner = std::function<void(const std::function<void(EditorContext&)>& command)>;
 
 } // namespace tamarind::session

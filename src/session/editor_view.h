@@ -90,6 +90,10 @@ public:
     virtual void ShowCharacters(const std::string& text) = 0;
     /// Nothing when the dialog was cancelled.
     [[nodiscard]] virtual std::optional<NewAttribute> AskForAttribute() = 0;
+
+    // Windows of the tools. They stay open beside the main window and close with it.
+    /// Opens the routes window for the job that the session's RouteState names; one that is open comes to the front.
+    virtual void ShowRoutes() = 0;
 };
 
 } // namespace tamarind::session

@@ -44,6 +44,7 @@ public:
     void ShowAttributeValue(const std::string&) override {}
     void ShowCharacters(const std::string&) override {}
     [[nodiscard]] std::optional<NewAttribute> AskForAttribute() override { return std::nullopt; }
+    void ShowRoutes() override {}
 
 private:
     std::string caption_;

@@ -1,6 +1,8 @@
 #include "shell/frmEditor.h"
 
 #include "editors/tree_editor.h"
+#include "platform/wx/front_window.h"
+#include "platform/wx/status_line.h"
 #include "platform/wx/window_icons.h"
 #include "platform/wx/wx_text.h"
 #include "shell/closing.h"
@@ -31,8 +33,8 @@ int frmEditor::IdOf(const MenuItem& item) { return kFirstItemId + static_cast<in
 
 frmEditor::frmEditor(session::Session& session, const platform::Platform& platform)
     : wxFrame(nullptr, wxID_ANY, kDesignCaption, wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE, "frmEditor"),
-      session_(session), ui_({.parent = [this] { return this; },
-                              .showStatus = [this](const std::string& text) { SetStatusText(ToWx(text)); },
+      session_(session), ui_({.parent = [this] { return platform::FrontWindow(this); },
+                              .showStatus = [this](const std::string& text) { ShowStatus(text); },
                               .setWaiting = [this](bool waiting) { isWaiting_ = waiting; },
                               .stopRequested = [this] { return std::exchange(stopsProgram_, false); }}),
       context_{session, document_, platform, ui_, *this} {
@@ -142,12 +144,7 @@ void frmEditor::OnMenu(wxCommandEvent& event) {
 void frmEditor::OnClose(wxCloseEvent& event) {
     if (runningCommands_ > 0 && event.CanVeto()) {
         event.Veto();
-        if (closesAfterwards_ && isWaiting_) {
-            const auto answer = ui_.Show({.text = "The outside program is still running. Stop it?",
-                                          .icon = platform::Icon::Question,
-                                          .buttons = platform::Buttons::YesNo});
-            stopsProgram_ = answer == platform::Answer::Yes && isWaiting_;
-        }
+        if (closesAfterwards_) OfferToStop();
         closesAfterwards_ = true;
         ui_.ShowStatus("The window closes when the running command has ended.");
         return;
@@ -159,7 +156,22 @@ void frmEditor::OnClose(wxCloseEvent& event) {
         event.Veto();
         return;
     }
+    if (routes_) routes_->Close(true);
     Destroy();
+}
+
+void frmEditor::OfferToStop() {
+    if (!isWaiting_) return;
+    const auto answer = ui_.Show({.text = "The outside program is still running. Stop it?",
+                                  .icon = platform::Icon::Question,
+                                  .buttons = platform::Buttons::YesNo});
+    stopsProgram_ = answer == platform::Answer::Yes && isWaiting_;
+}
+
+void frmEditor::ShowStatus(const std::string& text) {
+    SetStatusText(ToWx(text));
+    if (routes_) routes_->ShowStatus(text);
+    if (auto* const front = dynamic_cast<platform::StatusLine*>(platform::FrontWindow(this))) front->ShowStatus(text);
 }
 
 void frmEditor::OnPlaced() {

@@ -4,10 +4,12 @@
 #include "editors/text_page.h"
 #include "editors/tree_page.h"
 #include "platform/wx/wx_ui.h"
+#include "routes/frmDelRoute.h"
 #include "session/editor_context.h"
 #include "shell/menus.h"
 
 #include <wx/frame.h>
+#include <wx/weakref.h>
 
 #include <functional>
 #include <map>
@@ -42,6 +44,10 @@ private:
     void BindEvents();
     void ShowPageState();
     void PopUpNodes();
+    /// In the status line of this window, and of those that lie on it.
+    void ShowStatus(const std::string& text);
+    /// Asks whether to stop the outside program that a command is waiting for.
+    void OfferToStop();
 
     void OnMenu(wxCommandEvent& event);
     void OnClose(wxCloseEvent& event);
@@ -79,6 +85,7 @@ private:
     void ShowAttributeValue(const std::string& value) override;
     void ShowCharacters(const std::string& text) override;
     [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override;
+    void ShowRoutes() override;
 
     session::Session& session_;
     document::OpenDocument document_;
@@ -89,6 +96,7 @@ private:
     editors::TextPage* textPage_ = nullptr;
     convert::TexturePreviewPage* preview_ = nullptr;
     editors::TreePage* treePage_ = nullptr;
+    wxWeakRef<routes::frmDelRoute> routes_; ///< null while there is none
     std::map<std::string_view, wxMenu*> menus_;
     bool textFilesMenuShown_ = true;
     wxRect normalPlace_; ///< where the window is when neither maximised nor minimised

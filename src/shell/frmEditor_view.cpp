@@ -138,4 +138,16 @@ std::optional<session::NewAttribute> frmEditor::AskForAttribute() {
     return dialog.Entered();
 }
 
+void frmEditor::ShowRoutes() {
+    if (!routes_) {
+        routes::RouteWindow window;
+        routes::LoadRoutes(context_, window);
+        routes_ = new routes::frmDelRoute(
+            this, context_, std::move(window),
+            {.run = [this](const auto& command) { Run(command); }, .offerToStop = [this] { OfferToStop(); }});
+        routes_->Show();
+    }
+    routes_->Raise();
+}
+
 } // namespace tamarind::shell

@@ -4,6 +4,7 @@
 #include "convert/texture_export.h"
 #include "convert/texture_import.h"
 #include "editors/tree_editor.h"
+#include "routes/route_window.h"
 #include "shell/options.h"
 
 #include <array>
@@ -67,7 +68,7 @@ constexpr std::array kItems = {
     MenuItem{"mnuConv", "mnuEditDDS", "Edit .dds File", EditDdsFile},
     MenuItem{"mnuConv", "mnuDDStoKrs", "Convert .dds to RS", Run<convert::ImportTexture>},
 
-    MenuItem{"mnuTools", "mnuDelRoute", "Check Routes or Scenarios", nullptr},
+    MenuItem{"mnuTools", "mnuDelRoute", "Check Routes or Scenarios", routes::OpenRoutes},
     MenuItem{"mnuTools", "mnuMarker", "Convert Marker files", nullptr},
     MenuItem{"mnuTools", "mnuPackAss", "Package Assets", nullptr},
     MenuItem{"mnuTools", "mnuPack", "Package Route", nullptr},

@@ -12,7 +12,7 @@ namespace tamarind::tests {
 class FakeEditorView : public session::HeadlessView {
 public:
     /// Rows and pages, in order: "ShowTree", "ClearTree", "AddRow nod2", "RemoveRow nod2", "EditRowLabel nod2",
-    /// "ShowPage text", "ShowPage tree", "SetGeometry", "ShowWindow", "CloseWindow".
+    /// "ShowPage text", "ShowPage tree", "SetGeometry", "ShowWindow", "CloseWindow", "ShowRoutes".
     std::vector<std::string> calls;
 
     session::Page page = session::Page::Text;
@@ -82,6 +82,7 @@ public:
     void ShowAttributeValue(const std::string& value) override { attributeValue = value; }
     void ShowCharacters(const std::string& text) override { characters = text; }
     [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override { return newAttribute; }
+    void ShowRoutes() override { calls.emplace_back("ShowRoutes"); }
 };
 
 } // namespace tamarind::tests

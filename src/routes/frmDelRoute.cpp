@@ -1,0 +1,365 @@
+#include "routes/frmDelRoute.h"
+
+#include "platform/wx/fixed_pitch.h"
+#include "platform/wx/window_icons.h"
+#include "platform/wx/wx_text.h"
+#include "routes/assets.h"
+#include "routes/check.h"
+#include "routes/deletion.h"
+#include "routes/frmListRS.h"
+#include "routes/frmReport.h"
+#include "routes/stock.h"
+
+#include <wx/button.h>
+#include <wx/listbox.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/weakref.h>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace tamarind::routes {
+
+using platform::ToWx;
+using session::EditorContext;
+
+namespace {
+
+constexpr int kGap = 8;
+/// Ids of routes and scenarios are 36 characters long.
+constexpr int kCharactersInList = 38;
+constexpr int kLinesInList = 10;
+constexpr int kFewestCharacters = 14;
+constexpr int kFewestLines = 5;
+constexpr const char* kNoRoute = "Please select a route first.";
+constexpr const char* kNoScenario = "Please select a scenario first.";
+
+/// The caption with the key of its letter underlined.
+wxString WithMnemonic(const std::string& caption, char letter) {
+    std::string marked = caption;
+    if (letter != 0) marked.insert(marked.find(letter), 1, '&');
+    return ToWx(marked);
+}
+
+wxSize SizeOf(const wxListBox& list, int characters, int lines) {
+    return {characters * list.GetCharWidth(), lines * list.GetCharHeight()};
+}
+
+std::vector<std::size_t> SelectedOf(const wxListBox& list) {
+    wxArrayInt items;
+    list.GetSelections(items);
+    std::vector<std::size_t> indices(items.begin(), items.end());
+    std::sort(indices.begin(), indices.end());
+    return indices;
+}
+
+/// Shows each report until the person closes it.
+class ReportWindows : public ReportSink {
+public:
+    ReportWindows(wxWindow* parent, const session::CommandRunner& run) : parent_(parent), run_(run) {}
+    void ShowReport(const std::string& text) override {
+        frmReport window(parent_, text, run_);
+        window.ShowModal();
+    }
+
+private:
+    wxWindow* parent_;
+    const session::CommandRunner& run_;
+};
+
+} // namespace
+
+frmDelRoute::frmDelRoute(wxWindow* parent, EditorContext& context, RouteWindow window, Owner owner)
+    : wxDialog(parent, wxID_ANY, ToWx(TitleOf(context.session.Routes)), wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
+      context_(context), window_(std::move(window)), owner_(std::move(owner)) {
+    SetName("frmDelRoute");
+    platform::SetWindowIcons(*this);
+    MakeControls();
+    BindEvents();
+    ShowState();
+    OnRouteSelected();
+    list1_->SetFocus();
+    CentreOnParent();
+}
+
+frmDelRoute::Column frmDelRoute::MakeColumn(const wxString& label, const char* name, long style) {
+    const int gap = FromDIP(kGap);
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().Border(wxBOTTOM, gap / 2));
+    auto* const list = new wxListBox(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr,
+                                     style | wxLB_HSCROLL | wxLB_NEEDED_SB);
+    list->SetName(name);
+    list->SetFont(platform::FixedPitch(*this));
+    list->SetInitialSize(SizeOf(*list, kCharactersInList, kLinesInList));
+    sizer->Add(list, wxSizerFlags(1).Expand());
+    return {sizer, list};
+}
+
+frmDelRoute::Column frmDelRoute::MakeColumn(Control label, char mnemonic, const char* name) {
+    return MakeColumn(WithMnemonic(CaptionOf(label, context_.session.Routes), mnemonic), name, wxLB_EXTENDED);
+}
+
+wxButton* frmDelRoute::MakeButton(Control control, const char* name, char mnemonic, void (frmDelRoute::*click)()) {
+    const std::string caption = CaptionOf(control, context_.session.Routes);
+    const int id = control == Control::CancelButton ? wxID_CANCEL : wxID_ANY;
+    auto* const button = new wxButton(this, id, WithMnemonic(caption, mnemonic));
+    button->SetName(name);
+    button->Show(routes::IsVisible(control, context_.session.Routes));
+    if (click != nullptr) button->Bind(wxEVT_BUTTON, [this, click](wxCommandEvent&) { (this->*click)(); });
+    buttons_[control] = button;
+    return button;
+}
+
+wxSizer* frmDelRoute::MakeRoutes() {
+    const int gap = FromDIP(kGap);
+    const Column names = MakeColumn(Control::LabelRouteName, 'N', "List1");
+    const Column folders = MakeColumn(Control::LabelRouteFolder, 'F', "List2");
+    list1_ = names.list;
+    list2_ = folders.list;
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(names.sizer, wxSizerFlags(1).Expand().Border(wxRIGHT, gap));
+    row->Add(folders.sizer, wxSizerFlags(1).Expand());
+    return row;
+}
+
+wxSizer* frmDelRoute::MakeScenarios() {
+    const int gap = FromDIP(kGap);
+    const Column names = MakeColumn(Control::LabelScenarioName, 'm', "List3");
+    const Column folders = MakeColumn(Control::LabelScenarioFolder, 'o', "List4");
+    list3_ = names.list;
+    list4_ = folders.list;
+    file1_ = MakeColumn("Files in Route Folder", "File1", wxLB_SINGLE);
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(names.sizer, wxSizerFlags(1).Expand().Border(wxRIGHT, gap));
+    row->Add(folders.sizer, wxSizerFlags(1).Expand());
+    row->Add(file1_.sizer, wxSizerFlags(1).Expand().Border(wxLEFT, gap));
+    return row;
+}
+
+// In the order of the Tab key.
+void frmDelRoute::MakeControls() {
+    const int gap = FromDIP(kGap);
+    const auto column = [gap](std::initializer_list<wxButton*> buttons) {
+        auto* const sizer = new wxBoxSizer(wxVERTICAL);
+        for (wxButton* const button : buttons)
+            sizer->Add(button, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+        return sizer;
+    };
+    auto* const rows = new wxFlexGridSizer(2, gap, gap);
+    rows->AddGrowableCol(0);
+    rows->AddGrowableRow(0, 1);
+    rows->AddGrowableRow(1, 1);
+    // The buttons begin beside the lists, below the line of the labels.
+    const int top = GetCharHeight() + gap / 2;
+    rows->Add(MakeRoutes(), wxSizerFlags(1).Expand());
+    rows->Add(column({MakeButton(Control::Command1, "Command1", 'L', &frmDelRoute::Command1_Click),
+                      MakeButton(Control::Command4, "Command4", 'C', &frmDelRoute::Command4_Click),
+                      MakeButton(Control::OKButton, "OKButton", 'R', &frmDelRoute::OKButton_Click)}),
+              wxSizerFlags().Expand().Border(wxTOP, top));
+    rows->Add(MakeScenarios(), wxSizerFlags(1).Expand());
+    rows->Add(column({MakeButton(Control::Command3, "Command3", 't', &frmDelRoute::Command3_Click),
+                      MakeButton(Control::Command7, "Command7", 'd', nullptr),
+                      MakeButton(Control::Command2, "Command2", 'S', &frmDelRoute::Command2_Click),
+                      MakeButton(Control::Command5, "Command5", 'A', nullptr),
+                      MakeButton(Control::Command6, "Command6", 'P', nullptr)}),
+              wxSizerFlags().Expand().Border(wxTOP, top));
+    status_ = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                               wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE);
+    status_->SetName("StatusLine");
+    auto* const bottom = new wxBoxSizer(wxHORIZONTAL);
+    bottom->Add(status_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
+    bottom->Add(MakeButton(Control::CancelButton, "CancelButton", 0, nullptr));
+    buttons_[Control::Command1]->SetDefault();
+    auto* const outer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(rows, wxSizerFlags(1).Expand().Border(wxALL, gap));
+    outer->Add(bottom, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    // It opens with room for whole ids, but without the column that goes away.
+    outer->Hide(file1_.sizer, true);
+    SetSizer(outer);
+    const wxSize roomy = outer->ComputeFittingWindowSize(this);
+    outer->Show(file1_.sizer, true, true);
+    for (wxListBox* const list : {list1_, list2_, list3_, list4_, file1_.list})
+        list->SetMinSize(SizeOf(*list, kFewestCharacters, kFewestLines));
+    SetMinSize(outer->ComputeFittingWindowSize(this));
+    SetSize(roomy);
+}
+
+void frmDelRoute::BindEvents() {
+    Bind(wxEVT_CLOSE_WINDOW, &frmDelRoute::OnClose, this);
+    buttons_[Control::CancelButton]->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
+    const auto pair = [this](wxListBox& list, wxListBox& other, bool areRoutes) {
+        list.Bind(wxEVT_LISTBOX, [this, &list, &other, areRoutes](wxCommandEvent&) {
+            SelectBoth(list, other);
+            if (areRoutes) OnRouteSelected();
+        });
+    };
+    pair(*list1_, *list2_, true);
+    pair(*list2_, *list1_, true);
+    pair(*list3_, *list4_, false);
+    pair(*list4_, *list3_, false);
+    for (wxListBox* const list : {list1_, list2_}) {
+        // Some systems send this for the Enter key as well, just before they press the default button.
+        list->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { CallAfter([this] { OnDoubleClick(); }); });
+        UseAsDefault(*list, Control::Command1);
+    }
+    for (wxListBox* const list : {list3_, list4_})
+        UseAsDefault(*list, Control::Command3);
+}
+
+/// The Enter key presses the button while the list has the keyboard.
+void frmDelRoute::UseAsDefault(wxWindow& list, Control control) {
+    list.Bind(wxEVT_SET_FOCUS, [this, control](wxFocusEvent& event) {
+        buttons_[control]->SetDefault();
+        event.Skip();
+    });
+}
+
+void frmDelRoute::OnDoubleClick() {
+    if (buttons_[Control::Command1]->IsEnabled() && !SelectedOf(*list1_).empty()) Command1_Click();
+}
+
+/// Names and folders are one list in two columns.
+void frmDelRoute::SelectBoth(wxListBox& from, wxListBox& to) {
+    if (from.GetCount() != to.GetCount()) return;
+    to.DeselectAll();
+    const Indices selected = SelectedOf(from);
+    for (const std::size_t index : selected)
+        to.SetSelection(static_cast<int>(index));
+    if (!selected.empty()) to.EnsureVisible(static_cast<int>(selected.back()));
+}
+
+void frmDelRoute::OnRouteSelected() {
+    const Indices selected = SelectedOf(*list1_);
+    ShowLine(StatusText(context_, window_, selected));
+    if (window_.isFile1Visible) Fill(*file1_.list, RouteFiles(context_, window_, selected));
+}
+
+void frmDelRoute::Command1_Click() {
+    RunOn(*list1_, kNoRoute,
+          [this](EditorContext& context, Selection selected) { return ListScenarios(context, window_, selected); });
+}
+
+void frmDelRoute::Command2_Click() {
+    RunOn(*list3_, kNoScenario,
+          [this](EditorContext& context, Selection selected) { return DeleteScenario(context, window_, selected); });
+}
+
+void frmDelRoute::Command3_Click() {
+    std::optional<std::vector<std::string>> stock;
+    const Indices selected = SelectedOf(*list3_);
+    RunOn(*list3_, kNoScenario, [&](EditorContext& context, Selection scenarios) {
+        stock = ListStock(context, window_, scenarios);
+        return Ended::Declined; // the scenario stays selected
+    });
+    if (!stock || window_.isClosed) return;
+    auto* const list = new frmListRS(this, AsUtf8(window_.List3.at(selected.front())), std::move(*stock), owner_.run);
+    list->Show();
+}
+
+void frmDelRoute::Command4_Click() {
+    RunOn(*list1_, kNoRoute, [this](EditorContext& context, Selection selected) {
+        ReportWindows reports(this, owner_.run);
+        return CheckRoute(context, window_, selected, reports).ended;
+    });
+}
+
+void frmDelRoute::OKButton_Click() {
+    RunOn(*list1_, "",
+          [this](EditorContext& context, Selection selected) { return DeleteRoute(context, window_, selected); });
+}
+
+void frmDelRoute::RunOn(wxListBox& list, const char* hint,
+                        const std::function<Ended(EditorContext&, Selection)>& command) {
+    const Indices selected = SelectedOf(list);
+    Ended ended = Ended::Failed;
+    Run([&](EditorContext& context) { ended = command(context, selected); });
+    if (window_.isClosed) return;
+    if (ended != Ended::Declined) {
+        list.DeselectAll();
+        SelectBoth(list, &list == list1_ ? *list2_ : *list4_);
+    }
+    // What the command told stays until something is selected.
+    if (selected.empty()) {
+        ShowLine(hint);
+    } else if (!hasTold_) {
+        OnRouteSelected();
+    }
+}
+
+void frmDelRoute::Run(const std::function<void(EditorContext&)>& command) {
+    const wxWeakRef<wxWindow> focused = FindFocus();
+    ++runningCommands_;
+    hasTold_ = false;
+    ShowButtons();
+    owner_.run(command);
+    --runningCommands_;
+    if (window_.isClosed) {
+        Destroy();
+        return;
+    }
+    ShowState();
+    // A disabled button has lost the keyboard.
+    if (focused && IsDescendant(focused) && focused->IsEnabled()) focused->SetFocus();
+    if (closesAfterwards_) {
+        closesAfterwards_ = false;
+        CallAfter([this] { Close(); });
+    }
+}
+
+void frmDelRoute::OnClose(wxCloseEvent& event) {
+    if (runningCommands_ > 0 && event.CanVeto()) {
+        event.Veto();
+        if (closesAfterwards_) owner_.offerToStop();
+        closesAfterwards_ = true;
+        ShowStatus("The window closes when the running command has ended.");
+        return;
+    }
+    CloseRoutes(context_, window_);
+    Destroy();
+}
+
+void frmDelRoute::ShowState() {
+    const bool areColumnsChanged = file1_.list->IsShown() != window_.isFile1Visible;
+    Fill(*list1_, window_.List1);
+    Fill(*list2_, window_.List2);
+    Fill(*list3_, window_.List3);
+    Fill(*list4_, window_.List4);
+    if (areColumnsChanged) {
+        GetSizer()->Show(file1_.sizer, window_.isFile1Visible, true);
+        Layout();
+    }
+    ShowButtons();
+}
+
+void frmDelRoute::ShowButtons() {
+    for (const auto& [control, button] : buttons_) {
+        button->Enable(runningCommands_ == 0 && routes::IsEnabled(control, context_.session.Routes, window_));
+    }
+}
+
+/// Filling a list again would lose its place.
+void frmDelRoute::Fill(wxListBox& list, const std::vector<std::string>& items) {
+    std::vector<std::string>& shown = shown_[&list];
+    if (shown == items) return;
+    shown = items;
+    wxArrayString texts;
+    texts.Alloc(items.size());
+    for (const std::string& item : items)
+        texts.Add(ToWx(AsUtf8(item)));
+    list.Set(texts);
+}
+
+void frmDelRoute::ShowStatus(const std::string& text) {
+    hasTold_ = true;
+    ShowLine(text);
+}
+
+void frmDelRoute::ShowLine(const std::string& text) {
+    status_->SetLabelText(ToWx(text));
+    status_->SetToolTip(ToWx(text));
+}
+
+} // namespace tamarind::routes
