@@ -201,8 +201,9 @@ void frmDelRoute::BindEvents() {
     pair(*list3_, *list4_, false);
     pair(*list4_, *list3_, false);
     for (wxListBox* const list : {list1_, list2_}) {
-        // Some systems send this for the Enter key as well, just before they press the default button.
-        list->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { CallAfter([this] { OnDoubleClick(); }); });
+        list->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) {
+            if (buttons_[Control::Command1]->IsEnabled()) Command1_Click();
+        });
         UseAsDefault(*list, Control::Command1);
     }
     for (wxListBox* const list : {list3_, list4_})
@@ -215,10 +216,6 @@ void frmDelRoute::UseAsDefault(wxWindow& list, Control control) {
         buttons_[control]->SetDefault();
         event.Skip();
     });
-}
-
-void frmDelRoute::OnDoubleClick() {
-    if (buttons_[Control::Command1]->IsEnabled() && !SelectedOf(*list1_).empty()) Command1_Click();
 }
 
 /// Names and folders are one list in two columns.
@@ -238,6 +235,11 @@ void frmDelRoute::OnRouteSelected() {
 }
 
 void frmDelRoute::Command1_Click() {
+    // Nothing to list; and some systems send the Enter key in a list twice, when the route is no longer selected.
+    if (SelectedOf(*list1_).empty()) {
+        if (!window_.hasScenarios) ShowLine(kNoRoute);
+        return;
+    }
     RunOn(*list1_, kNoRoute,
           [this](EditorContext& context, Selection selected) { return ListScenarios(context, window_, selected); });
 }

@@ -59,7 +59,6 @@ private:
     void OKButton_Click();
     void OnClose(wxCloseEvent& event);
     void OnRouteSelected();
-    void OnDoubleClick();
 
     void Run(const std::function<void(session::EditorContext&)>& command);
     /// Runs a command on the selected routes or scenarios, and unselects them unless it was declined.

@@ -86,9 +86,11 @@ void frmListRS::PlaceControls(wxWindow* label1, wxWindow* label2, wxWindow* canc
     outer->Add(label2, wxSizerFlags().Border(wxLEFT, gap));
     outer->Add(text1_, wxSizerFlags(1).Expand().Border(wxALL, gap));
     outer->Add(bottom, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
-    SetSizerAndFit(outer);
-    outer->SetItemMinSize(list1_, FromDIP(kSmallestListSize));
+    SetSizer(outer);
+    const wxSize roomy = outer->ComputeFittingWindowSize(this);
+    list1_->SetMinSize(FromDIP(kSmallestListSize));
     SetMinSize(outer->ComputeFittingWindowSize(this));
+    SetSize(roomy);
 }
 
 void frmListRS::Command1_Click() {

@@ -54,9 +54,11 @@ frmReport::frmReport(wxWindow* parent, const std::string& text, session::Command
     auto* const outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(richTextBox1_, wxSizerFlags(1).Expand().Border(wxALL, gap));
     outer->Add(bottom, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
-    SetSizerAndFit(outer);
-    outer->SetItemMinSize(richTextBox1_, FromDIP(kSmallestTextSize));
+    SetSizer(outer);
+    const wxSize roomy = outer->ComputeFittingWindowSize(this);
+    richTextBox1_->SetMinSize(FromDIP(kSmallestTextSize));
     SetMinSize(outer->ComputeFittingWindowSize(this));
+    SetSize(roomy);
 
     Bind(
         wxEVT_BUTTON, [this](wxCommandEvent&) { cmdSave_Click(); }, wxID_SAVE);

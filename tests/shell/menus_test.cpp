@@ -169,6 +169,13 @@ TEST_F(MenuItemsTest, BothExitsCloseTheWindow) {
     EXPECT_THAT(rig.view.calls, testing::ElementsAre("CloseWindow", "CloseWindow"));
 }
 
+TEST_F(MenuItemsTest, ForRoutesOpensTheirWindowForDeleting) {
+    rig.session.Routes.RouteFormMode = session::kSet;
+    Item("mnuDelRoute").command(rig.context);
+    EXPECT_EQ(rig.session.Routes.RouteFormMode, 0);
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("ShowRoutes"));
+}
+
 TEST_F(MenuItemsTest, RunTheirOwnCommand) {
     // Each is told by the dialog or the question that it begins with.
     const std::vector<std::pair<std::string, std::string>> dialogs = {

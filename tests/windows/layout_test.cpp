@@ -40,8 +40,8 @@ protected:
 TEST_P(Layout, OfTheTextPageShowsEveryControlWhole) {
     OpenAtSize();
     const int controls = ExpectWellPlaced(PageOf("Frame1"));
-    // Frame1 with Label1, Text1, Command1, and RichTextBox1 in its border.
-    EXPECT_EQ(controls, 6);
+    // Frame1 with Label1, Text1, Command1, and the panes with RichTextBox1 in its border.
+    EXPECT_EQ(controls, 7);
 }
 
 TEST_P(Layout, OfTheTreePageShowsEveryControlWhole) {

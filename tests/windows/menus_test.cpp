@@ -122,8 +122,10 @@ TEST_F(MenuBar, EnablesSavingWithAnOpenDocument) {
 TEST_F(MenuBar, DisablesEveryItemWithoutACommand) {
     Open();
     EXPECT_EQ(Enabled(1, 6),
-              (std::set<std::string>{"Select Default Editor", "Select RS Path", "Use Tamarind Editor this session only",
-                                     "Use XML Editor this session only"}));
+              (std::set<std::string>{"Convert RS to .dds", "View .dds File", "Edit .dds File", "Convert .dds to RS",
+                                     "Check Routes or Scenarios", "Select Default Editor", "Select RS Path",
+                                     "Texture Editor Path", "Use Tamarind Editor this session only",
+                                     "Use XML Editor this session only", "Viewer Path"}));
 }
 
 TEST_F(MenuBar, ExitClosesTheWindow) {

@@ -7,6 +7,7 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/panel.h>
+#include <wx/splitter.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
@@ -62,8 +63,9 @@ int ExpectWellPlaced(const wxWindow& window) {
         ExpectApartFromSiblings(*child);
         ExpectWholeCaption(*child);
         // What a control is made of is its own affair.
-        const bool holdsOthers =
-            dynamic_cast<const wxStaticBox*>(child) != nullptr || dynamic_cast<const wxPanel*>(child) != nullptr;
+        const bool holdsOthers = dynamic_cast<const wxStaticBox*>(child) != nullptr ||
+                                 dynamic_cast<const wxPanel*>(child) != nullptr ||
+                                 dynamic_cast<const wxSplitterWindow*>(child) != nullptr;
         controls += 1 + (holdsOthers ? ExpectWellPlaced(*child) : 0);
     }
     return controls;

@@ -184,6 +184,13 @@ TEST_F(Routes, ListTheirScenariosWithADoubleClick) {
     EXPECT_TRUE(PumpUntil([this] { return List("List4").GetCount() == 3; }));
 }
 
+TEST_F(Routes, KeepTheListedScenariosWhenNoneIsSelected) {
+    OpenRoutes();
+    ListScenariosOf(0);
+    Press(Button("Command1"));
+    EXPECT_EQ(List("List3").GetCount(), 3U);
+}
+
 TEST_F(Routes, AskForASelectionWhereNoneIs) {
     OpenRoutes();
     Press(Button("Command4"));
