@@ -57,7 +57,7 @@ protected:
         auto& canvas = Find("PreviewPicture");
         wxKeyEvent event(wxEVT_KEY_DOWN);
         event.SetEventObject(&canvas);
-        event.m_uniChar = key;
+        event.m_uniChar = static_cast<wxChar>(key);
         event.m_keyCode = key;
         canvas.GetEventHandler()->ProcessEvent(event);
     }
