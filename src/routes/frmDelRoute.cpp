@@ -28,6 +28,7 @@ using session::EditorContext;
 namespace {
 
 constexpr int kGap = 8;
+const wxSize kSmallestStatusSize(120, -1);
 /// Ids of routes and scenarios are 36 characters long.
 constexpr int kCharactersInList = 38;
 constexpr int kLinesInList = 10;
@@ -169,6 +170,7 @@ void frmDelRoute::MakeControls() {
     status_ = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE);
     status_->SetName("StatusLine");
+    status_->SetMinSize(FromDIP(kSmallestStatusSize));
     auto* const bottom = new wxBoxSizer(wxHORIZONTAL);
     bottom->Add(status_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
     bottom->Add(MakeButton(Control::CancelButton, "CancelButton", 0, nullptr));

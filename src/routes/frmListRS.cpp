@@ -25,6 +25,7 @@ using session::EditorContext;
 namespace {
 
 constexpr int kGap = 8;
+const wxSize kSmallestStatusSize(120, -1);
 const wxSize kListSize(640, 220);
 const wxSize kSmallestListSize(240, 80);
 
@@ -75,6 +76,7 @@ void frmListRS::PlaceControls(wxWindow* label1, wxWindow* label2, wxWindow* canc
     status_ = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
     status_->SetName("StatusLine");
+    status_->SetMinSize(FromDIP(kSmallestStatusSize));
     const int gap = FromDIP(kGap);
     auto* const bottom = new wxBoxSizer(wxHORIZONTAL);
     bottom->Add(status_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));

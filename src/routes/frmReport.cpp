@@ -21,6 +21,7 @@ using session::EditorContext;
 namespace {
 
 constexpr int kGap = 8;
+const wxSize kSmallestStatusSize(120, -1);
 const wxSize kTextSize(640, 380);
 const wxSize kSmallestTextSize(240, 100);
 
@@ -45,6 +46,7 @@ frmReport::frmReport(wxWindow* parent, const std::string& text, session::Command
     status_ = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE);
     status_->SetName("StatusLine");
+    status_->SetMinSize(FromDIP(kSmallestStatusSize));
 
     const int gap = FromDIP(kGap);
     auto* const bottom = new wxBoxSizer(wxHORIZONTAL);

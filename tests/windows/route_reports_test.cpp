@@ -90,7 +90,7 @@ TEST_F(RouteReports, AreInAFixedPitchFontAndCannotBeChangedByAccident) {
     dialogs_.AnswerMessage(kShapes, wxID_NO);
     ReadReport([](wxDialog& dialog) {
         const auto& box = In<wxTextCtrl>(dialog, "RichTextBox1");
-        EXPECT_EQ(box.GetFont().GetFamily(), wxFONTFAMILY_TELETYPE);
+        EXPECT_TRUE(box.GetFont().IsFixedWidth());
         EXPECT_FALSE(box.IsEditable());
     });
     dialogs_.AnswerMessage(kCheckTextures, wxID_NO);
@@ -173,7 +173,7 @@ TEST_F(Stock, IsListedEntryByEntry) {
                             "Tansywick\\HarbourSet\\RailVehicles\\Coaches\\Mail\\Mail.xml", van, van));
     EXPECT_EQ(FromWx(list_->GetTitle()), "Stock used by Morning Milk");
     EXPECT_EQ(FromWx(In<wxStaticText>(*list_, "StatusLine").GetLabelText()), "7 objects");
-    EXPECT_EQ(In(*list_, "List1").GetFont().GetFamily(), wxFONTFAMILY_TELETYPE);
+    EXPECT_TRUE(In(*list_, "List1").GetFont().IsFixedWidth());
 }
 
 TEST_F(Stock, IsCheckedForWhatIsMissing) {

@@ -38,7 +38,7 @@ TEST_F(Routes, AreListedWithTheirFolders) {
 TEST_F(Routes, AreListedInAFixedPitchFont) {
     OpenRoutes();
     for (const char* const name : {"List1", "List2", "List3", "List4", "File1"})
-        EXPECT_EQ(List(name).GetFont().GetFamily(), wxFONTFAMILY_TELETYPE) << name;
+        EXPECT_TRUE(List(name).GetFont().IsFixedWidth()) << name;
 }
 
 TEST_F(Routes, ShowTheSelectedOnesPathAndFiles) {
