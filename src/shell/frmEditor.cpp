@@ -62,8 +62,6 @@ void frmEditor::Start(const std::string& commandLine) {
 
 void frmEditor::MakePages() {
     ssTab1_ = new wxNotebook(this, wxID_ANY);
-    // GTK complains of controls that are laid out with no room at all.
-    ssTab1_->SetSize(GetClientSize());
     ssTab1_->SetName("SSTab1");
     textPage_ = new editors::TextPage(ssTab1_);
     preview_ = new convert::TexturePreviewPage(
