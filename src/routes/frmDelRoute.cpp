@@ -1,6 +1,7 @@
 #include "routes/frmDelRoute.h"
 
 #include "platform/wx/fixed_pitch.h"
+#include "platform/wx/smallest_size.h"
 #include "platform/wx/window_icons.h"
 #include "platform/wx/wx_text.h"
 #include "routes/assets.h"
@@ -11,6 +12,7 @@
 #include "routes/stock.h"
 
 #include <wx/button.h>
+#include <wx/display.h>
 #include <wx/listbox.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -28,6 +30,7 @@ using session::EditorContext;
 namespace {
 
 constexpr int kGap = 8;
+const wxSize kButtonRoom(8, 0);
 const wxSize kSmallestStatusSize(120, -1);
 /// Ids of routes and scenarios are 36 characters long.
 constexpr int kCharactersInList = 38;
@@ -108,6 +111,8 @@ wxButton* frmDelRoute::MakeButton(Control control, const char* name, char mnemon
     const int id = control == Control::CancelButton ? wxID_CANCEL : wxID_ANY;
     auto* const button = new wxButton(this, id, WithMnemonic(caption, mnemonic));
     button->SetName(name);
+    // A default button needs a little more room than others, on some systems.
+    button->SetMinSize(button->GetBestSize() + FromDIP(kButtonRoom));
     button->Show(routes::IsVisible(control, context_.session.Routes));
     if (click != nullptr) button->Bind(wxEVT_BUTTON, [this, click](wxCommandEvent&) { (this->*click)(); });
     buttons_[control] = button;
@@ -185,8 +190,10 @@ void frmDelRoute::MakeControls() {
     outer->Show(file1_.sizer, true, true);
     for (wxListBox* const list : {list1_, list2_, list3_, list4_, file1_.list})
         list->SetMinSize(SizeOf(*list, kFewestCharacters, kFewestLines));
-    SetMinSize(outer->ComputeFittingWindowSize(this));
-    SetSize(roomy);
+    platform::KeepWhole(*this);
+    wxSize screen = wxDisplay(this).GetClientArea().GetSize();
+    screen.DecTo(roomy);
+    SetSize(screen);
 }
 
 void frmDelRoute::BindEvents() {
@@ -334,6 +341,7 @@ void frmDelRoute::ShowState() {
     if (areColumnsChanged) {
         GetSizer()->Show(file1_.sizer, window_.isFile1Visible, true);
         Layout();
+        Refresh(); // the wider lists would keep a trace of the column
     }
     ShowButtons();
 }

@@ -1,6 +1,7 @@
 #include "routes/frmListRS.h"
 
 #include "platform/wx/fixed_pitch.h"
+#include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 #include "routes/assets.h"
 #include "routes/stock.h"
@@ -91,7 +92,7 @@ void frmListRS::PlaceControls(wxWindow* label1, wxWindow* label2, wxWindow* canc
     SetSizer(outer);
     const wxSize roomy = outer->ComputeFittingWindowSize(this);
     list1_->SetMinSize(FromDIP(kSmallestListSize));
-    SetMinSize(outer->ComputeFittingWindowSize(this));
+    platform::KeepWhole(*this);
     SetSize(roomy);
 }
 

@@ -1,6 +1,7 @@
 #include "routes/frmReport.h"
 
 #include "platform/wx/fixed_pitch.h"
+#include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 #include "routes/report_sink.h"
 #include "text/search.h"
@@ -59,7 +60,7 @@ frmReport::frmReport(wxWindow* parent, const std::string& text, session::Command
     SetSizer(outer);
     const wxSize roomy = outer->ComputeFittingWindowSize(this);
     richTextBox1_->SetMinSize(FromDIP(kSmallestTextSize));
-    SetMinSize(outer->ComputeFittingWindowSize(this));
+    platform::KeepWhole(*this);
     SetSize(roomy);
 
     Bind(

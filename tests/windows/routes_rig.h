@@ -21,8 +21,7 @@ protected:
 
     void OpenRoutes() {
         Choose("mnuDelRoute");
-        routes_ = &TopLevel("frmDelRoute");
-        ASSERT_TRUE(PumpUntil([this] { return routes_->IsShownOnScreen(); }));
+        AwaitRoutes();
     }
 
     /// Opens the window as a menu item of another job does.
@@ -30,7 +29,13 @@ protected:
         session_.Routes.RouteFormMode = routeFormMode;
         session_.Routes.ScenarioPackMode = scenarioPackMode;
         window_->Run([](session::EditorContext& context) { context.view.ShowRoutes(); });
+        AwaitRoutes();
+    }
+
+    void AwaitRoutes() {
         routes_ = &TopLevel("frmDelRoute");
+        ASSERT_TRUE(PumpUntil([this] { return routes_->IsShownOnScreen(); }));
+        Pump();
     }
 
     /// A window of that name that is open; a missing one throws.

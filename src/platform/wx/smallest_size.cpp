@@ -1,0 +1,17 @@
+#include "platform/wx/smallest_size.h"
+
+#include <wx/sizer.h>
+#include <wx/toplevel.h>
+
+namespace tamarind::platform {
+
+void KeepWhole(wxTopLevelWindow& window) {
+    const auto keep = [&window] { window.SetMinSize(window.GetSizer()->ComputeFittingWindowSize(&window)); };
+    keep();
+    window.Bind(wxEVT_SHOW, [&window, keep](wxShowEvent& event) {
+        if (event.IsShown()) window.CallAfter(keep);
+        event.Skip();
+    });
+}
+
+} // namespace tamarind::platform

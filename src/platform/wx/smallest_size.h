@@ -1,0 +1,11 @@
+#pragma once
+
+class wxTopLevelWindow;
+
+namespace tamarind::platform {
+
+/// The window cannot be made so small that its sizer would cut something off. Once it is shown, its frame counts too,
+/// which is not known before on every system.
+void KeepWhole(wxTopLevelWindow& window);
+
+} // namespace tamarind::platform
