@@ -20,10 +20,10 @@ public:
     };
 
     struct Options {
-        std::optional<Answer> answer = {};                               ///< to every question; without it a person is asked
+        std::optional<Answer> answer = {}; ///< to every question; without it a person is asked
         /// An answer to one question alone; it comes before `answer`.
         std::function<std::optional<Answer>(const Message&)> answerTo = {};
-        bool showsProgress = false; ///< on a line that is written over and over
+        bool showsProgress = false;                                 ///< on a line that is written over and over
         bool isQuiet = false;                                       ///< messages are remembered only
         std::function<bool()> isInterrupted = [] { return false; }; ///< Ctrl-C stops an outside program
     };
