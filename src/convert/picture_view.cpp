@@ -40,7 +40,7 @@ struct Sums {
 
 void Add(Sums& sums, const std::uint8_t* pixel, const std::uint8_t* end) {
     for (; pixel != end; pixel += kChannels) {
-        const std::uint32_t alpha = pixel[3];
+        const std::uint64_t alpha = pixel[3];
         sums.channels[0] += pixel[0] * alpha;
         sums.channels[1] += pixel[1] * alpha;
         sums.channels[2] += pixel[2] * alpha;

@@ -49,7 +49,7 @@ PictureCanvas::PictureCanvas(wxWindow* parent, std::function<void()> onZoom)
     });
 }
 
-void PictureCanvas::Show(std::optional<Picture> picture) {
+void PictureCanvas::ShowPicture(std::optional<Picture> picture) {
     picture_ = std::move(picture);
     FitScrollBars();
     onZoom_();
@@ -222,7 +222,7 @@ void TexturePreviewPage::ShowLevel(std::size_t level) {
                                              : decoded.problem;
     info_->SetLabel(ToWx(info));
     info_->SetToolTip(ToWx(info));
-    canvas_->Show(std::move(decoded.picture));
+    canvas_->ShowPicture(std::move(decoded.picture));
     Layout();
 }
 

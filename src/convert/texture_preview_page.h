@@ -22,8 +22,7 @@ public:
     PictureCanvas(wxWindow* parent, std::function<void()> onZoom);
 
     /// Nothing shows an empty ground. The scale stays as chosen.
-    void Show(std::optional<Picture> picture);
-    using wxScrolledCanvas::Show;
+    void ShowPicture(std::optional<Picture> picture);
 
     void Fit();
     void SetScale(double scale);
