@@ -24,7 +24,8 @@ struct EditorContext {
     }
 };
 
-/// Carries out a command, and handles an error that the command does not handle itself; windows have it of the main one.
+/// Carries out a command, and handles an error that the command does not handle itself; windows have it of the main
+/// one.
 using CommandRunner = std::function<void(const std::function<void(EditorContext&)>& command)>;
 
 } // namespace tamarind::session
