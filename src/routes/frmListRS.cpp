@@ -2,6 +2,7 @@
 
 #include "platform/wx/fixed_pitch.h"
 #include "platform/wx/smallest_size.h"
+#include "platform/wx/window_icons.h"
 #include "platform/wx/wx_text.h"
 #include "routes/assets.h"
 #include "routes/stock.h"
@@ -46,6 +47,7 @@ frmListRS::frmListRS(wxWindow* parent, const std::string& scenario, std::vector<
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
       list_(std::move(list)), run_(std::move(run)) {
     SetName("frmListRS");
+    platform::SetWindowIcons(*this);
     const wxFont fixed = platform::FixedPitch(*this);
     auto* const label1 = new wxStaticText(this, wxID_ANY, "&Objects used");
     list1_ = new wxListBox(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize), Items(list_),

@@ -2,6 +2,7 @@
 
 #include "platform/wx/fixed_pitch.h"
 #include "platform/wx/smallest_size.h"
+#include "platform/wx/window_icons.h"
 #include "platform/wx/wx_text.h"
 #include "routes/report_sink.h"
 #include "text/search.h"
@@ -33,6 +34,7 @@ frmReport::frmReport(wxWindow* parent, const std::string& text, session::Command
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
       run_(std::move(run)) {
     SetName("frmReport");
+    platform::SetWindowIcons(*this);
     richTextBox1_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(kTextSize),
                                    wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxTE_DONTWRAP);
     richTextBox1_->SetName("RichTextBox1");
