@@ -55,7 +55,7 @@ void PictureCanvas::ShowPicture(std::optional<Picture> picture) {
     onZoom_();
 }
 
-void PictureCanvas::Fit() {
+void PictureCanvas::FitPicture() {
     chosenScale_.reset();
     FitScrollBars();
     onZoom_();
@@ -139,7 +139,7 @@ void PictureCanvas::OnKey(wxKeyEvent& event) {
     case '-':
     case WXK_NUMPAD_SUBTRACT: SetScale(NextScale(Scale(), false)); break;
     case '0':
-    case WXK_NUMPAD0: Fit(); break;
+    case WXK_NUMPAD0: FitPicture(); break;
     case '1':
     case WXK_NUMPAD1: SetScale(1); break;
     case WXK_TAB: HandleAsNavigationKey(event); break;
@@ -189,7 +189,7 @@ wxSizer* TexturePreviewPage::MakeHeading(std::function<void()> onClose) {
 wxSizer* TexturePreviewPage::MakeZoomRow() {
     fit_ = new wxButton(this, wxID_ANY, "Fit");
     fit_->SetName("PreviewFit");
-    fit_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { canvas_->Fit(); });
+    fit_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { canvas_->FitPicture(); });
     full_ = new wxButton(this, wxID_ANY, "100 %");
     full_->SetName("PreviewFull");
     full_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { canvas_->SetScale(1); });
@@ -207,7 +207,7 @@ wxSizer* TexturePreviewPage::MakeZoomRow() {
 
 void TexturePreviewPage::ShowTexture() {
     level_->Clear();
-    canvas_->Fit();
+    canvas_->FitPicture();
     ShowLevel(0);
 }
 

@@ -24,7 +24,7 @@ public:
     /// Nothing shows an empty ground. The scale stays as chosen.
     void ShowPicture(std::optional<Picture> picture);
 
-    void Fit();
+    void FitPicture();
     void SetScale(double scale);
     [[nodiscard]] double Scale() const;
 

@@ -13,7 +13,9 @@ TEST_F(CliTest, CtrlCStopsAHangingConverterAndTheCommandSaysSo) {
     const fs::path errors = Path("errors");
     samples::ChildProgram child(
         "/usr/bin/timeout",
-        {"--preserve-status", "-s", "INT", "0.5", Utf8(program_), "--program-dir", Utf8(kit_), "open", Utf8(track_)},
+        // In the foreground it sends one signal, as a terminal does; else a second one, which ends a program at once.
+        {"--foreground", "--preserve-status", "-s", "INT", "0.5", Utf8(program_), "--program-dir", Utf8(kit_), "open",
+         Utf8(track_)},
         {{"TAMARIND_SERZ_HANG", "1"}}, {{}, Path("output"), errors});
     EXPECT_EQ(child.WaitFor(std::chrono::seconds(20)), 1);
     EXPECT_EQ(ReadFile(errors), "The converter wrote nothing: there is no text to show.\n");
