@@ -63,6 +63,9 @@ private:
     bool isFile_;
 };
 
+constexpr int kAttempts = 3;
+constexpr DWORD kPause = 200; // milliseconds
+
 } // namespace
 
 struct ChildProgram::System {
@@ -88,10 +91,16 @@ ChildProgram::ChildProgram(const std::filesystem::path& program, const Arguments
     start.hStdOutput = output.Handle();
     start.hStdError = errors.Handle();
     PROCESS_INFORMATION process{};
-    const BOOL started =
-        CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, hasFiles ? TRUE : FALSE, 0, nullptr,
-                       surroundings.folder.empty() ? nullptr : surroundings.folder.c_str(), &start, &process);
-    const DWORD error = started != FALSE ? ERROR_SUCCESS : GetLastError();
+    BOOL started = FALSE;
+    DWORD error = ERROR_SUCCESS;
+    // Wine on a busy machine has refused to start a program that it started a moment before and after.
+    for (int attempt = 0; attempt < kAttempts && started == FALSE; ++attempt) {
+        Sleep(attempt == 0 ? 0 : kPause);
+        started =
+            CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, hasFiles ? TRUE : FALSE, 0, nullptr,
+                           surroundings.folder.empty() ? nullptr : surroundings.folder.c_str(), &start, &process);
+        error = GetLastError();
+    }
     changes.clear();
     if (started == FALSE) {
         throw std::runtime_error("cannot start " + program.string() + ": system error " + std::to_string(error));
