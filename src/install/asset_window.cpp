@@ -105,7 +105,8 @@ std::string Refusal(const AssetWindow& window) {
     const std::string folder = platform::ForDisplay(window.SourceFolder);
     if (!routes::HoldsGameRoot(window.SourceFolder)) {
         return "The folder\r\n" + folder +
-               "\r\ncannot be added: its path does not contain \"Rail Simulator\", so its place in the game is unknown.";
+               "\r\ncannot be added: its path does not contain \"Rail Simulator\", so its place in the game is "
+               "unknown.";
     }
     if (!routes::FitsCopyScript(window.SourceFolder)) {
         return "The folder\r\n" + folder + "\r\ncannot be added: its path holds a quote or a control character.";
@@ -225,8 +226,7 @@ bool SelectFolder(EditorContext& context, AssetWindow& window, const std::string
 
 bool ChangePattern(EditorContext& context, AssetWindow& window, const std::string& pattern) {
     window.Text2 = pattern.empty() ? kAllFiles : pattern;
-    return Trap(context,
-                [&] { window.File1 = FileNames(context.platform.files, window.Dir1, window.Text2); });
+    return Trap(context, [&] { window.File1 = FileNames(context.platform.files, window.Dir1, window.Text2); });
 }
 
 Ended AddFolder(EditorContext& context, AssetWindow& window) {

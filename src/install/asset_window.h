@@ -18,22 +18,22 @@ inline constexpr const char* kAssetWindowTitle = "Select Folder containing your 
 using Selection = std::span<const std::size_t>;
 
 struct AssetWindow {
-    std::vector<std::string> Drives;   ///< the rows of Drive1
-    std::string Drive1;                ///< the chosen one
-    std::string Dir1;                  ///< the current folder
-    std::vector<FolderRow> DirRows;    ///< the rows of Dir1
-    std::vector<std::string> File1;    ///< files of the current folder, as Text2 filters them
-    std::string Text1;                 ///< the current folder, as the system writes it
-    std::string Text2 = "*.*";         ///< the pattern
-    std::string Text3;                 ///< source folder, files and size of the entry of List1 selected last
-    std::vector<std::string> List1;    ///< the package's folders, from "Rail Simulator" on
-    std::vector<std::string> sources;  ///< their full paths
-    std::string SourceFolder;          ///< the folder clicked last; empty before the first click
-    std::string RelativePath;          ///< its path from "Rail Simulator" on
-    std::string CopyScript;            ///< a line for each addition; removing takes none away
-    std::string RouteFolderName;       ///< while scenarios are packaged: the route of the first one added
-    bool isBusy = false;               ///< a command waits or copies: no other one may begin
-    bool isClosed = false;             ///< the window is to close
+    std::vector<std::string> Drives;  ///< the rows of Drive1
+    std::string Drive1;               ///< the chosen one
+    std::string Dir1;                 ///< the current folder
+    std::vector<FolderRow> DirRows;   ///< the rows of Dir1
+    std::vector<std::string> File1;   ///< files of the current folder, as Text2 filters them
+    std::string Text1;                ///< the current folder, as the system writes it
+    std::string Text2 = "*.*";        ///< the pattern
+    std::string Text3;                ///< source folder, files and size of the entry of List1 selected last
+    std::vector<std::string> List1;   ///< the package's folders, from "Rail Simulator" on
+    std::vector<std::string> sources; ///< their full paths
+    std::string SourceFolder;         ///< the folder clicked last; empty before the first click
+    std::string RelativePath;         ///< its path from "Rail Simulator" on
+    std::string CopyScript;           ///< a line for each addition; removing takes none away
+    std::string RouteFolderName;      ///< while scenarios are packaged: the route of the first one added
+    bool isBusy = false;              ///< a command waits or copies: no other one may begin
+    bool isClosed = false;            ///< the window is to close
 };
 
 enum class AssetControl {
@@ -66,7 +66,8 @@ bool ChangePattern(session::EditorContext& context, AssetWindow& window, const s
 
 /// Command1: adds the folder clicked last. Refused, with a message that says why, when it cannot be in a package.
 routes::Ended AddFolder(session::EditorContext& context, AssetWindow& window);
-/// Command4: takes the rows out of List1. Their lines stay in the copy script, so their folders are copied nevertheless.
+/// Command4: takes the rows out of List1. Their lines stay in the copy script, so their folders are copied
+/// nevertheless.
 void RemoveFolders(AssetWindow& window, Selection rows);
 /// List1 was clicked: Text3 shows the last selected row's source folder, its number of files and their size.
 void ShowDetail(session::EditorContext& context, AssetWindow& window, Selection rows);

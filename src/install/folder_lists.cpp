@@ -101,7 +101,8 @@ bool MatchesPattern(std::string_view name, std::string_view patterns) {
     while (true) {
         const std::size_t end = std::min(patterns.find(';'), patterns.size());
         const std::string_view pattern = Trimmed(patterns.substr(0, end));
-        if (pattern == "*.*" || (!pattern.empty() && MatchesOne(points, CodePoints(text::ToLower(pattern))))) return true;
+        if (pattern == "*.*" || (!pattern.empty() && MatchesOne(points, CodePoints(text::ToLower(pattern)))))
+            return true;
         if (end == patterns.size()) return false;
         patterns.remove_prefix(end + 1);
     }

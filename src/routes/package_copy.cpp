@@ -37,8 +37,8 @@ void NoteTree(PackageCopy& copy, const Tree& tree, const std::string& folder) {
     for (const std::string& link : tree.links)
         copy.links.push_back(folder + "\\" + link);
     for (const std::string& name : tree.unreadable)
-        copy.problems.push_back(Problem(text::Description(ErrorNumber::PathNotFound),
-                                        name.empty() ? folder : folder + "\\" + name));
+        copy.problems.push_back(
+            Problem(text::Description(ErrorNumber::PathNotFound), name.empty() ? folder : folder + "\\" + name));
 }
 
 /// Whether the next file would fare no better.
@@ -92,7 +92,8 @@ public:
     }
 
     [[nodiscard]] std::string Current() const {
-        return expected.empty() ? std::string() : platform::NameOf(expected[std::min(done_, expected.size() - 1)].source);
+        return expected.empty() ? std::string()
+                                : platform::NameOf(expected[std::min(done_, expected.size() - 1)].source);
     }
 
     /// After the script: notes what is missing.
@@ -278,7 +279,8 @@ bool ShowProblems(EditorContext& context, const PackageCopy& copy) {
 }
 
 std::string CancelledText(const PackageCopy& copy, const std::string& packageFolder) {
-    const std::string files = copy.copied == 0 ? std::string() : fmt::format("{} of {} files, ", copy.copied, copy.total);
+    const std::string files =
+        copy.copied == 0 ? std::string() : fmt::format("{} of {} files, ", copy.copied, copy.total);
     return "The package was cancelled. What was already made stays: " + files + platform::ForDisplay(packageFolder);
 }
 

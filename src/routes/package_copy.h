@@ -12,7 +12,7 @@ namespace tamarind::routes {
 /// What a copy left behind.
 struct PackageCopy {
     bool isCancelled = false;
-    std::size_t copied = 0;            ///< files
+    std::size_t copied = 0; ///< files
     std::size_t total = 0;
     std::vector<std::string> problems; ///< one line for each file that is not in the package, and why
     std::vector<std::string> links;    ///< that were left out, because they lead elsewhere

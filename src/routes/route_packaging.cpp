@@ -87,8 +87,7 @@ Packaged Package(EditorContext& context, const RouteWindow& window, Job& job) {
     platform::WriteSafely(files, job.package + "\\" + kRouteMarker, text::ToCodePage(block + "\r\n"));
     job.made.emplace_back(kRouteMarker);
     context.ui.ProcessEvents();
-    platform::CopyFile(files, context.session.ProgramFolder + "\\" + kSetupProgram,
-                       job.package + "\\" + kSetupProgram);
+    platform::CopyFile(files, context.session.ProgramFolder + "\\" + kSetupProgram, job.package + "\\" + kSetupProgram);
     job.made.emplace_back(kSetupProgram);
     context.ui.ProcessEvents();
     const std::string source = RouteFolderOf(context, job.id);
@@ -101,14 +100,14 @@ Packaged Package(EditorContext& context, const RouteWindow& window, Job& job) {
     }
     if (!copy.problems.empty()) {
         ShowProblems(context, copy);
-        context.ui.ShowStatus(fmt::format("{} of {} files are in {}", copy.copied, copy.total,
-                                          platform::ForDisplay(job.package)));
+        context.ui.ShowStatus(
+            fmt::format("{} of {} files are in {}", copy.copied, copy.total, platform::ForDisplay(job.package)));
         return {Ended::Failed, job.package};
     }
-    context.ui.Show({.text = "You may now zip up the folder " + platform::ForDisplay(job.package) +
-                             "\r\nready for distribution.",
-                     .icon = platform::Icon::Information,
-                     .opensFolder = job.package});
+    context.ui.Show(
+        {.text = "You may now zip up the folder " + platform::ForDisplay(job.package) + "\r\nready for distribution.",
+         .icon = platform::Icon::Information,
+         .opensFolder = job.package});
     ShowProblems(context, copy);
     return {Ended::Done, job.package};
 }

@@ -27,7 +27,8 @@ struct RouteWindow {
 
     /// List3 shows the scenarios of RouteFolder. A check ends that, for it needs List3 and TempFiles.
     bool hasScenarios = false;
-    /// List1 shows the paths of the scenarios in the package, from "Rail Simulator" on. No other route can be chosen then.
+    /// List1 shows the paths of the scenarios in the package, from "Rail Simulator" on. No other route can be chosen
+    /// then.
     bool showsPackage = false;
     // What "Add to Package" keeps; see scenario_packaging.h.
     std::string PackageBatch;        ///< the lines of the copy script

@@ -103,8 +103,7 @@ Ended AddToPackage(EditorContext& context, RouteWindow& window, Selection select
     try {
         if (!selectedScenarios.empty()) TakeScenario(context, window, selectedScenarios.front());
         if (window.PackageRouteId.empty()) window.PackageRouteId = platform::NameOf(window.RouteFolder);
-        const std::string package =
-            context.session.ProgramFolder + "\\" + context.session.Routes.PackageFolderName;
+        const std::string package = context.session.ProgramFolder + "\\" + context.session.Routes.PackageFolderName;
         window.PackageBatch += CopyScriptLine(window.PackageScenarioPath, package, window.PackageRelativePath);
         ShowPackage(window);
         window.List1.push_back(window.PackageRelativePath);

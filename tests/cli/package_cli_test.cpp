@@ -53,7 +53,9 @@ protected:
         const char* const path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nothing changes it
         environment_["PATH"] = Utf8(Path("Copy").make_preferred()) + ";" + (path == nullptr ? "" : path);
     }
-    json Json(const std::vector<std::string>& words, int exitCode = 0) { return RunJson(words, exitCode, environment_); }
+    json Json(const std::vector<std::string>& words, int exitCode = 0) {
+        return RunJson(words, exitCode, environment_);
+    }
 
     Environment environment_;
 };
@@ -70,18 +72,18 @@ TEST_F(PackageCli, RoutePackagesTheWholeRoute) {
     const Content before = FilesOf(game_);
     const json report = Json({"package", "route", kAlder});
     EXPECT_EQ(report["result"], (json{{"folder", Shown(kit_ / name)}}));
-    const json expected = {{"icon", "information"},
-                           {"title", "Tamarind"},
-                           {"text", "You may now zip up the folder " + Shown(kit_ / name) + "\r\nready for distribution."},
-                           {"buttons", "ok"},
-                           {"answer", "ok"}};
+    const json expected = {
+        {"icon", "information"},
+        {"title", "Tamarind"},
+        {"text", "You may now zip up the folder " + Shown(kit_ / name) + "\r\nready for distribution."},
+        {"buttons", "ok"},
+        {"answer", "ok"}};
     EXPECT_EQ(report["messages"], json::array({expected}));
     Content wanted;
     for (const auto& [path, bytes] : FilesOf(game_ / "Content" / "Routes" / kAlder))
         wanted["Rail Simulator/Content/Routes/" + std::string(kAlder) + "/" + path] = bytes;
     wanted["RouteSetup.exe"] = "any\r\nbytes\x1A";
-    wanted["Route_Setup.xxx"] =
-        Record(ReadFile(game_ / "Content" / "Routes.xml"), "cRouteProperties", kAlder) + "\r\n";
+    wanted["Route_Setup.xxx"] = Record(ReadFile(game_ / "Content" / "Routes.xml"), "cRouteProperties", kAlder) + "\r\n";
     EXPECT_EQ(FilesOf(kit_ / name), wanted);
     EXPECT_EQ(FilesOf(game_), before);
 }
@@ -123,8 +125,8 @@ TEST_F(PackageCli, ScenariosPackagesThemInTheOrderGiven) {
     }
     wanted["AssetSetup.exe"] = "any\r\nbytes\x1A";
     wanted["Scenario.yyy"] = std::string(kAlder) + "\r\n" + kShunt + "\r\n" + kMilk + "\r\n";
-    wanted["Scenario.zzz"] = Record(index, "cScenarioProperties", kShunt) + "\r\n" +
-                             Record(index, "cScenarioProperties", kMilk) + "\r\n";
+    wanted["Scenario.zzz"] =
+        Record(index, "cScenarioProperties", kShunt) + "\r\n" + Record(index, "cScenarioProperties", kMilk) + "\r\n";
     EXPECT_EQ(FilesOf(package), wanted);
 }
 

@@ -26,7 +26,8 @@ inline void MakeReadOnly(const std::string& path) {
     namespace fs = std::filesystem;
     const std::string native = platform::ToNative(path);
     fs::permissions(fs::path(std::u8string(native.begin(), native.end())),
-                    fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write, fs::perm_options::remove);
+                    fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+                    fs::perm_options::remove);
 }
 
 /// The record of an index without white space round it.
@@ -55,9 +56,8 @@ public:
         WriteGame(Route(kRouteA, "RouteProperties.xml"), "<x/>");
         WriteGame(Route(kRouteA, "Scenery\\+001.bin"), "tile");
         WriteGame(Route(kRouteB, "RouteProperties.xml"), "<y/>");
-        WriteGame(Route(kRouteA, "Scenarios.bin"),
-                  GameFile("<Index><Record>" + ScenarioRecord(kMilk, "Milk") + ScenarioRecord(kMail, "Mail") +
-                           "</Record></Index>"));
+        WriteGame(Route(kRouteA, "Scenarios.bin"), GameFile("<Index><Record>" + ScenarioRecord(kMilk, "Milk") +
+                                                            ScenarioRecord(kMail, "Mail") + "</Record></Index>"));
         WriteGame(Scenario(kMilk, "Scenario.bin"), "milk");
         WriteGame(Scenario(kMilk, "Sub\\Extra.bin"), "extra");
         WriteGame(Scenario(kMail, "Scenario.bin"), "mail");

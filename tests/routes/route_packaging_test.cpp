@@ -42,7 +42,8 @@ TEST_F(RoutePackaging, CopiesTheSetupProgramAndTheWholeFolder) {
     const routes::Packaged packaged = rig.PackageRoute({0});
     EXPECT_EQ(packaged.ended, Ended::Done);
     EXPECT_EQ(packaged.folder, rig.folder / "Kit\\Alder Vale");
-    EXPECT_THAT(rig.folder.Names("Kit\\Alder Vale"), ElementsAre("Rail Simulator", "Route_Setup.xxx", "RouteSetup.exe"));
+    EXPECT_THAT(rig.folder.Names("Kit\\Alder Vale"),
+                ElementsAre("Rail Simulator", "Route_Setup.xxx", "RouteSetup.exe"));
     EXPECT_EQ(rig.Kit("Alder Vale\\RouteSetup.exe"), "the setup program");
     EXPECT_EQ(rig.Kit(kTarget + "\\RouteProperties.xml"), "<x/>");
     EXPECT_EQ(rig.Kit(kTarget + "\\Scenery\\+001.bin"), "tile");
@@ -180,8 +181,8 @@ TEST_F(RoutePackaging, CollectsEveryFileThatCannotBeReplaced) {
     EXPECT_EQ(rig.PackageRoute({0}).ended, Ended::Failed);
     ASSERT_EQ(rig.messages.size(), 1U);
     EXPECT_EQ(rig.messages[0].text, "The package is not complete; these could not be copied:\r\nPermission denied: " +
-                                        platform::ForDisplay(first) + "\r\nPermission denied: " +
-                                        platform::ForDisplay(second));
+                                        platform::ForDisplay(first) +
+                                        "\r\nPermission denied: " + platform::ForDisplay(second));
     EXPECT_EQ(rig.Kit(kTarget + "\\Scenarios.bin").substr(0, 4), "BIN:");
 }
 

@@ -25,7 +25,8 @@ protected:
                "\\*.*\" /I /C /S\r\n";
     }
     [[nodiscard]] static std::string InPackage(const std::string& id, const std::string& name) {
-        return std::string(kMilk) + "\\Rail Simulator\\content\\Routes\\" + kRouteA + "\\Scenarios\\" + id + "\\" + name;
+        return std::string(kMilk) + "\\Rail Simulator\\content\\Routes\\" + kRouteA + "\\Scenarios\\" + id + "\\" +
+               name;
     }
     PackageRig rig;
 };
@@ -74,8 +75,7 @@ TEST_F(ScenarioPackaging, AddKeepsPathsAndTheLineOfTheScript) {
 TEST_F(ScenarioPackaging, AddTurnsTheListOfRoutesIntoThatOfThePackage) {
     rig.Add({0});
     rig.Add({1});
-    EXPECT_THAT(rig.window.List1,
-                ElementsAre(testing::EndsWith(kMilk), testing::EndsWith(kMail)));
+    EXPECT_THAT(rig.window.List1, ElementsAre(testing::EndsWith(kMilk), testing::EndsWith(kMail)));
     EXPECT_THAT(rig.window.List2, IsEmpty());
     EXPECT_FALSE(routes::IsEnabled(Control::Command1, rig.context.session.Routes, rig.window));
     EXPECT_EQ(routes::StatusText(rig.context, rig.window, {}), "2 scenarios in the package");
@@ -270,7 +270,8 @@ TEST_F(ScenarioPackaging, TellsOfFilesThatTheScriptDidNotCopy) {
     EXPECT_THAT(rig.messages[0].text, HasSubstr("Your Scenarios are now saved in"));
     const std::string folder = platform::ForDisplay(rig.window.PackageScenarioPath + "\\");
     EXPECT_EQ(rig.messages[1].text, "The package is not complete; these could not be copied:\r\nNot copied: " + folder +
-                                        "Scenario.bin\r\nNot copied: " + folder + platform::ForDisplay("Sub\\Extra.bin"));
+                                        "Scenario.bin\r\nNot copied: " + folder +
+                                        platform::ForDisplay("Sub\\Extra.bin"));
     EXPECT_EQ(rig.messages[1].icon, platform::Icon::Exclamation);
 }
 
@@ -278,9 +279,8 @@ TEST_F(ScenarioPackaging, TellsOfFilesThatCannotBeReplaced) {
     rig.Add({0});
     MakeReadOnly(rig.folder.Write("Kit\\" + InPackage(kMilk, "Scenario.bin"), "locked"));
     EXPECT_EQ(rig.Process().ended, Ended::Failed);
-    EXPECT_EQ(rig.messages.at(1).text,
-              "The package is not complete; this could not be copied:\r\nPermission denied: " +
-                  rig.Shown(InPackage(kMilk, "Scenario.bin")));
+    EXPECT_EQ(rig.messages.at(1).text, "The package is not complete; this could not be copied:\r\nPermission denied: " +
+                                           rig.Shown(InPackage(kMilk, "Scenario.bin")));
 }
 
 TEST_F(ScenarioPackaging, IsCancelledBetweenFiles) {

@@ -13,8 +13,8 @@ using routes::Ended;
 using testing::ElementsAre;
 
 void Link(const std::string& path, const std::string& nativeTarget) {
-    std::filesystem::create_symlink(nativeTarget, platform::ToNative(platform::FolderOf(path)) + "/" +
-                                                      platform::NameOf(path));
+    std::filesystem::create_symlink(nativeTarget,
+                                    platform::ToNative(platform::FolderOf(path)) + "/" + platform::NameOf(path));
 }
 
 class PackageLinks : public testing::Test {
@@ -76,8 +76,9 @@ TEST_F(PackageLinks, InARouteAreLeftOutToo) {
     EXPECT_FALSE(rig.KitHas(route + "\\leak"));
     EXPECT_EQ(rig.Kit(route + "\\same.xml"), "<x/>");
     ASSERT_EQ(rig.messages.size(), 2U);
-    EXPECT_EQ(rig.messages[1].text, "Links that lead elsewhere were left out of the package:\r\n" +
-                                        platform::ForDisplay(Game("content\\Routes\\" + std::string(kRouteA) + "\\leak")));
+    EXPECT_EQ(rig.messages[1].text,
+              "Links that lead elsewhere were left out of the package:\r\n" +
+                  platform::ForDisplay(Game("content\\Routes\\" + std::string(kRouteA) + "\\leak")));
 }
 
 } // namespace

@@ -16,8 +16,8 @@ using platform::Tree;
 using testing::ElementsAre;
 
 void Link(const std::string& path, const std::string& nativeTarget) {
-    std::filesystem::create_symlink(nativeTarget, platform::ToNative(platform::FolderOf(path)) + "/" +
-                                                      platform::NameOf(path));
+    std::filesystem::create_symlink(nativeTarget,
+                                    platform::ToNative(platform::FolderOf(path)) + "/" + platform::NameOf(path));
 }
 
 class TreeLinks : public testing::Test {
