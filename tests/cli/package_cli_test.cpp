@@ -110,6 +110,7 @@ TEST_F(PackageCli, RouteThatIsNotThereFails) {
 }
 
 TEST_F(PackageCli, ScenariosPackagesThemInTheOrderGiven) {
+    fs::create_directories(kit_ / "TempFiles");
     WriteFile(kit_ / "TempFiles" / "Scenario.zzz", "left over");
     const json report = Json({"package", "scenarios", "Alder Vale to Quillmouth", "Harbour Shunt & Return", kMilk});
     const fs::path package = kit_ / kShunt;

@@ -94,8 +94,8 @@ TEST(ScenarioPackagingFaults, LeaveNoHalfWrittenFile) {
         CheckEnd(rig, run, ended);
     });
     // Five times Create, Write, Flush, Close, Replace: the records, the script, the setup program, both markers. The
-    // script makes seven folders and two files, each Create, Write, Close.
-    EXPECT_EQ(points, (5 * 5 + 7 + 2 * 3) * kWays);
+    // script makes eight folders and two files, each Create, Write, Close.
+    EXPECT_EQ(points, (5 * 5 + 8 + 2 * 3) * kWays);
 }
 
 TEST(AssetPackagingFaults, LeaveNoHalfWrittenFile) {
