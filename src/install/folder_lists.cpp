@@ -76,7 +76,8 @@ std::vector<FolderRow> FolderRows(const platform::Files& files, const std::strin
         const std::string name(rest.substr(0, rest.find('\\')));
         rest.remove_prefix(std::min(name.size() + 1, rest.size()));
         if (name.empty()) continue;
-        path = RootOf(path) + name;
+        path = RootOf(path);
+        path += name;
         rows.push_back({name, path, rows.size(), true});
     }
     const std::size_t depth = rows.size();

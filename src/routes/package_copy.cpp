@@ -28,6 +28,8 @@ using text::RuntimeError;
 
 namespace {
 
+std::string Below(const std::string& folder, const std::string& path) { return folder + "\\" + path; }
+
 std::string Problem(const std::string& description, const std::string& path) {
     return description + ": " + platform::ForDisplay(path);
 }
@@ -35,10 +37,10 @@ std::string Problem(const std::string& description, const std::string& path) {
 void NoteTree(PackageCopy& copy, const Tree& tree, const std::string& folder) {
     copy.total += tree.files.size();
     for (const std::string& link : tree.links)
-        copy.links.push_back(folder + "\\" + link);
+        copy.links.push_back(Below(folder, link));
     for (const std::string& name : tree.unreadable)
         copy.problems.push_back(
-            Problem(text::Description(ErrorNumber::PathNotFound), name.empty() ? folder : folder + "\\" + name));
+            Problem(text::Description(ErrorNumber::PathNotFound), name.empty() ? folder : Below(folder, name)));
 }
 
 /// Whether the next file would fare no better.
@@ -134,11 +136,11 @@ private:
         const Tree tree = platform::ListTree(files_, command.source);
         NoteTree(copy_, tree, command.source);
         for (const Tree::File& file : tree.files) {
-            const std::string target = command.destination + "\\" + file.path;
-            expected.push_back({command.source + "\\" + file.path, target, file.isHidden, files_.Stamp(target)});
+            const std::string target = Below(command.destination, file.path);
+            expected.push_back({Below(command.source, file.path), target, file.isHidden, files_.Stamp(target)});
         }
         for (const std::string& link : tree.links) {
-            const std::string target = command.destination + "\\" + link;
+            const std::string target = Below(command.destination, link);
             strays_.push_back({target, files_.EntryExists(target)});
         }
     }
@@ -222,12 +224,12 @@ PackageCopy CopyPackageFolder(EditorContext& context, const std::string& title, 
     platform::TreeCopier copier(files, from, to);
     bool goesOn = Note(copy, to, [&] { copier.MakeFolder({}); });
     for (std::size_t i = 0; goesOn && i < tree.folders.size(); ++i)
-        goesOn = Note(copy, to + "\\" + tree.folders[i], [&] { copier.MakeFolder(tree.folders[i]); });
+        goesOn = Note(copy, Below(to, tree.folders[i]), [&] { copier.MakeFolder(tree.folders[i]); });
     for (std::size_t i = 0; goesOn && i < tree.files.size(); ++i) {
         const std::string& path = tree.files[i].path;
         copy.isCancelled = !progress.Show(path) || context.ui.StopRequested();
         if (copy.isCancelled) break;
-        goesOn = Note(copy, from + "\\" + path, [&] {
+        goesOn = Note(copy, Below(from, path), [&] {
             copier.Copy(path);
             ++copy.copied;
         });

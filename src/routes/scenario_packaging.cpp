@@ -152,7 +152,7 @@ void CollectScenarioRecords(EditorContext& context, const std::string& firstEntr
         }
     }
     if (hasNew) platform::WriteSafely(files, target, records);
-    if (failure) throw *failure;
+    if (failure) throw RuntimeError(*failure);
 }
 
 } // namespace tamarind::routes
