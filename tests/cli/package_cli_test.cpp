@@ -60,6 +60,8 @@ protected:
     Environment environment_;
 };
 
+// Names of tests are names of folders, and with a package of scenarios below them paths come close to 260 characters.
+
 /// The record that holds the id, cut out by hand.
 std::string Record(const std::string& index, const std::string& tag, const std::string& id) {
     const std::size_t start = index.rfind("<" + tag, index.find(id));
@@ -109,7 +111,7 @@ TEST_F(PackageCli, RouteThatIsNotThereFails) {
     EXPECT_EQ(Json({"package", "route", "Nowhere"}, 1)["messages"][0]["text"], "There is no route \"Nowhere\".");
 }
 
-TEST_F(PackageCli, ScenariosPackagesThemInTheOrderGiven) {
+TEST_F(PackageCli, ScenariosStayInOrder) {
     fs::create_directories(kit_ / "TempFiles");
     WriteFile(kit_ / "TempFiles" / "Scenario.zzz", "left over");
     const json report = Json({"package", "scenarios", "Alder Vale to Quillmouth", "Harbour Shunt & Return", kMilk});
@@ -137,7 +139,7 @@ TEST_F(PackageCli, ScenariosThatAreNotThereFailBeforeAnythingIsMade) {
     EXPECT_FALSE(fs::exists(kit_ / kMail));
 }
 
-TEST_F(PackageCli, ScenariosWithoutTheSetupProgramFail) {
+TEST_F(PackageCli, ScenariosNeedTheSetup) {
     fs::remove(kit_ / "RouteSetup.exe");
     const json report = Json({"package", "scenarios", kAlder, kMail}, 1);
     EXPECT_EQ(report["messages"][0]["text"], "Error File not found occurred in Command3_click");
