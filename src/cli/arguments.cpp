@@ -110,6 +110,20 @@ void AddRouteCommands(CLI::App& app, Arguments& arguments) {
     AddScenario(AddCommand(*remove, arguments, "scenario", "Delete a scenario"), arguments);
 }
 
+void AddPackageCommands(CLI::App& app, Arguments& arguments) {
+    auto* const package = AddGroup(app, "package", "Make a package to be handed to others");
+    AddRoute(AddCommand(*package, arguments, "route", "Package a route"), arguments);
+
+    auto* const scenarios = AddCommand(*package, arguments, "scenarios", "Package scenarios of a route");
+    AddRoute(scenarios, arguments);
+    scenarios->add_option("SCENARIO", arguments.files, "The scenarios' ids or display names")
+        ->required()
+        ->type_name("");
+
+    auto* const assets = AddCommand(*package, arguments, "assets", "Package folders of assets");
+    assets->add_option("FOLDER", arguments.files, "Folders below \"Rail Simulator\"")->required()->type_name("");
+}
+
 /// The command that the words name, as far as they do.
 const CLI::App& ChosenApp(const CLI::App& app) {
     const CLI::App* chosen = &app;
@@ -135,6 +149,7 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
     AddGlobalOptions(app, result.arguments);
     AddCommands(app, result.arguments);
     AddRouteCommands(app, result.arguments);
+    AddPackageCommands(app, result.arguments);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
     try {
         app.parse(reversed);

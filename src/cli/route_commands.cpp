@@ -1,15 +1,12 @@
 #include "cli/route_commands.h"
 
-#include "cli/prepare.h"
+#include "cli/catalogue.h"
 #include "routes/check.h"
 #include "routes/deletion.h"
-#include "routes/references.h"
 #include "routes/route_window.h"
 #include "routes/stock.h"
-#include "text/code_page.h"
 #include "text/search.h"
 
-#include <array>
 #include <utility>
 #include <vector>
 
@@ -22,71 +19,6 @@ using routes::RouteWindow;
 using session::EditorContext;
 
 namespace {
-
-Outcome OutcomeOf(Ended ended) {
-    switch (ended) {
-    case Ended::Done: return Outcome::Done;
-    case Ended::Failed: return Outcome::Failed;
-    case Ended::Declined: return Outcome::Declined;
-    }
-    return Outcome::Failed;
-}
-
-/// A name as it stands in the index, and as a person would type it.
-bool Bears(const std::string& name, const std::string& typed) {
-    if (text::EqualNoCase(name, typed)) return true;
-    std::string decoded = name;
-    routes::DecodeEntities(decoded);
-    // Indexes are read as single-byte text; their names may be UTF-8.
-    return text::EqualNoCase(decoded, typed) || text::EqualNoCase(text::ToCodePage(decoded), typed);
-}
-
-/// The index of the entry with that id, or else of the only one with that name. Otherwise the person is told.
-std::optional<std::size_t> FindEntry(EditorContext& context, const char* what, const std::string& typed,
-                                     const std::vector<std::string>& ids, const std::vector<std::string>& names) {
-    for (std::size_t i = 0; i < ids.size(); ++i) {
-        if (text::EqualNoCase(ids[i], typed)) return i;
-    }
-    std::vector<std::size_t> found;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (Bears(names[i], typed)) found.push_back(i);
-    }
-    if (found.size() == 1) return found.front();
-    const std::string reason =
-        found.empty() ? "There is no " + std::string(what) + " \"" + typed + "\"."
-                      : "More than one " + std::string(what) + " is called \"" + typed + "\"; please give its id.";
-    context.ui.Show({.text = reason});
-    return std::nullopt;
-}
-
-/// The window of one command, with its routes loaded.
-struct Catalogue {
-    explicit Catalogue(EditorContext& editor, const Arguments& arguments) : context(editor) {
-        PrepareGame(context, arguments);
-        routes::LoadRoutes(context, window);
-    }
-
-    bool FindRoute(const std::string& typed) {
-        const auto& state = context.session.Routes;
-        const auto found = FindEntry(context, "route", typed, state.RouteIds, state.RouteNames);
-        if (found) route = {*found};
-        return found.has_value();
-    }
-
-    /// The route's scenarios listed, and one of them found.
-    bool FindScenario(const Arguments& arguments) {
-        if (!FindRoute(arguments.route) || routes::ListScenarios(context, window, route) != Ended::Done) return false;
-        const auto& state = context.session.Routes;
-        const auto found = FindEntry(context, "scenario", arguments.scenario, state.ScenarioIds, state.ScenarioNames);
-        if (found) scenario = {*found};
-        return found.has_value();
-    }
-
-    EditorContext& context;
-    RouteWindow window;
-    std::array<std::size_t, 1> route{};
-    std::array<std::size_t, 1> scenario{};
-};
 
 Result Entries(const char* key, const std::vector<std::string>& ids, const std::vector<std::string>& names) {
     Result result{Outcome::Done, ordered_json::object({{key, ordered_json::array()}})};

@@ -1,8 +1,8 @@
 #include "platform/batch_file.h"
 
 #include "platform/command_line.h"
-#include "platform/myfile.h"
 #include "platform/paths.h"
+#include "platform/tree_copy.h"
 #include "text/runtime_error.h"
 #include "text/search.h"
 
@@ -85,54 +85,6 @@ void ClearTree(Files& files, const std::string& folder, const std::stop_token& s
     });
 }
 
-void CreateFolders(Files& files, const std::string& folder) {
-    if (!folder.empty() && !files.IsFolder(folder)) {
-        CreateFolders(files, FolderOf(folder));
-        files.CreateFolder(folder);
-    }
-}
-
-/// Copies a folder's content. Folders are made when a first file goes into them, so that empty ones are left out.
-class TreeCopy {
-public:
-    TreeCopy(Files& files, const std::stop_token& stop) : files_(files), stop_(stop) {}
-
-    void CopyOne(const std::string& from, const std::string& toFolder) {
-        PassOver([&] {
-            const std::unique_ptr<InputFile> readable = files_.Open(from);
-            CreateFolders(files_, toFolder);
-            CopyFile(files_, from, toFolder + "\\" + NameOf(from));
-        });
-    }
-
-    void CopyContent(const std::string& from, const std::string& to) {
-        const std::string real = files_.ResolveLinks(from);
-        if (std::find(above_.begin(), above_.end(), real) != above_.end()) {
-            return; // a link back to a folder that is being copied
-        }
-        above_.push_back(real);
-        PassOver([&] {
-            for (const FolderEntry& entry : files_.List(from)) {
-                const std::string path = from + "\\" + entry.name;
-                if (stop_.stop_requested()) {
-                    return;
-                }
-                if (entry.isFolder || files_.IsFolder(path)) {
-                    CopyContent(path, to + "\\" + entry.name);
-                } else {
-                    CopyOne(path, to);
-                }
-            }
-        });
-        above_.pop_back();
-    }
-
-private:
-    Files& files_;
-    const std::stop_token& stop_;
-    std::vector<std::string> above_;
-};
-
 bool LiesInside(const std::string& path, const std::string& folder) {
     return text::EqualNoCase(path, folder) || (path.size() > folder.size() && path[folder.size()] == '\\' &&
                                                text::EqualNoCase(path.substr(0, folder.size()), folder));
@@ -149,11 +101,16 @@ struct Runner {
     }
 
     void operator()(const CopyToFolder& command) const {
-        TreeCopy copy(files, stop);
         if (!files.IsFolder(command.source)) {
-            copy.CopyOne(command.source, command.destination);
-        } else if (!LiesInside(command.destination, command.source)) { // else it would never end
-            copy.CopyContent(command.source, command.destination);
+            TreeCopier copier(files, FolderOf(command.source), command.destination);
+            PassOver([&] { copier.Copy(NameOf(command.source)); });
+            return;
+        }
+        if (LiesInside(command.destination, command.source)) return; // it would never end
+        TreeCopier copier(files, command.source, command.destination);
+        for (const Tree::File& file : ListTree(files, command.source).files) {
+            if (stop.stop_requested()) return;
+            PassOver([&] { copier.Copy(file.path); });
         }
     }
 };

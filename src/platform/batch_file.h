@@ -32,7 +32,8 @@ using BatchCommand = std::variant<ClearAttributes, CopyToFolder>;
 /// The commands of a whole batch file, empty lines left out; nothing when it holds any other command.
 [[nodiscard]] std::optional<std::vector<BatchCommand>> ParseBatchFile(std::string_view text);
 
-/// Carries out a command as far as it goes: an entry that fails is passed over. Ends early on a stop request.
+/// Carries out a command as far as it goes: an entry that fails is passed over. Ends early on a stop request, between
+/// files. Copying takes links as ListTree does.
 void RunBatchCommand(Files& files, const BatchCommand& command, const std::stop_token& stop);
 
 } // namespace tamarind::platform

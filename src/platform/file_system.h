@@ -26,6 +26,8 @@ struct FileStamp {
 struct FolderEntry {
     std::string name;
     bool isFolder = false; ///< a link to a folder is none
+    bool isLink = false;
+    bool isHidden = false; ///< by this system's own custom: an attribute, or a dot in front
 };
 
 /// A file open for reading from its start.
@@ -49,6 +51,9 @@ public:
 enum class CreateMode {
     Overwrite, ///< an existing file is emptied and written in place
     New,       ///< an existing name is an error (FileAlreadyExists)
+    /// As Overwrite, for a caller that knows the folder: the name is not looked for in other letter case, which in a
+    /// folder of thousands of files costs more than the writing.
+    AsWritten,
 };
 
 /// The only door to the disk.
@@ -68,6 +73,9 @@ public:
     [[nodiscard]] virtual std::unique_ptr<InputFile> Open(const std::string& path) const = 0;
     /// Sorted by name without regard to letter case; "." and ".." left out.
     [[nodiscard]] virtual std::vector<FolderEntry> List(const std::string& folder) const = 0;
+    /// The folders that a list of drives begins with: "C:" and so on, without a backslash; one "\\" where the system has
+    /// no drives.
+    [[nodiscard]] virtual std::vector<std::string> Drives() const = 0;
     /// The path with every link in it followed; unchanged where there is none or it cannot be followed.
     [[nodiscard]] virtual std::string ResolveLinks(const std::string& path) const = 0;
     /// Whether an existing file refuses to be overwritten in place: it is read-only (on Windows: or hidden or of the

@@ -19,6 +19,7 @@ struct Message {
     Icon icon = Icon::Exclamation;
     std::string title = kApplicationTitle;
     Buttons buttons = Buttons::Ok;
+    std::string opensFolder = {}; ///< beside OK, a second button opens this folder, where there are windows
 };
 
 struct FileDialog {

@@ -81,16 +81,16 @@ bool IsVisible(Control control, const RouteState& state) {
     }
 }
 
-bool IsEnabled(Control control, const RouteState& state, const RouteWindow& window) {
+bool IsEnabled(Control control, const RouteState& /*state*/, const RouteWindow& window) {
     switch (control) {
-    case Control::Command1:
-    case Control::Command4: return !window.isBusy;
+    case Control::Command1: return !window.isBusy && !window.showsPackage;
     case Control::Command2:
     case Control::Command3: return !window.isBusy && window.hasScenarios;
-    case Control::OKButton: return !window.isBusy && !PackagesRoute(state);
-    case Control::CancelButton: return !window.isBusy;
+    case Control::Command4:
     case Control::Command5:
     case Control::Command6:
+    case Control::OKButton:
+    case Control::CancelButton: return !window.isBusy;
     case Control::Command7: return false;
     default: return true;
     }
@@ -98,6 +98,7 @@ bool IsEnabled(Control control, const RouteState& state, const RouteWindow& wind
 
 std::string StatusText(const EditorContext& context, const RouteWindow& window, Selection selectedRoutes) {
     const std::size_t count = window.List1.size();
+    if (window.showsPackage) return fmt::format("{} scenario{} in the package", count, count == 1 ? "" : "s");
     std::string text = fmt::format("{} route{}", count, count == 1 ? "" : "s");
     if (!selectedRoutes.empty() && selectedRoutes.back() < window.List2.size()) {
         text += "   " + platform::ForDisplay(RouteFolderOf(context, window.List2[selectedRoutes.back()]));
@@ -152,7 +153,7 @@ void CloseRoutes(EditorContext& context, RouteWindow& window) {
 }
 
 Ended ListScenarios(EditorContext& context, RouteWindow& window, Selection selectedRoutes) {
-    if (window.isBusy || !MayUseTempFiles(context)) return Ended::Failed;
+    if (window.isBusy || window.showsPackage || !MayUseTempFiles(context)) return Ended::Failed;
     RouteState& state = context.session.Routes;
     window.isFile1Visible = false;
     window.List3.clear();

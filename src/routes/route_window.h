@@ -19,15 +19,24 @@ struct RouteWindow {
     std::string RouteFolder;     ///< of the route whose scenarios are listed; empty before
     std::string ScenarioXmlName; ///< name of the converted scenario index in TempFiles
 
-    std::vector<std::string> List1; ///< display names of the routes
+    std::vector<std::string> List1; ///< display names of the routes; or the package's entries, see showsPackage
     std::vector<std::string> List2; ///< ids of the routes
     std::vector<std::string> List3; ///< display names of the scenarios; after a check for textures its blueprints
-    std::vector<std::string> List4; ///< ids of the scenarios (not while scenarios are packaged)
+    std::vector<std::string> List4; ///< ids of the scenarios; while scenarios are packaged the paths of those added
     bool isFile1Visible = true;
 
     /// List3 shows the scenarios of RouteFolder. A check ends that, for it needs List3 and TempFiles.
     bool hasScenarios = false;
-    /// A command is waiting for the converter: no other one may begin.
+    /// List1 shows the paths of the scenarios in the package, from "Rail Simulator" on. No other route can be chosen
+    /// then.
+    bool showsPackage = false;
+    // What "Add to Package" keeps; see scenario_packaging.h.
+    std::string PackageBatch;        ///< the lines of the copy script
+    std::string PackageScenarioPath; ///< full path of the scenario added last
+    std::string PackageRelativePath; ///< from "Rail Simulator" on
+    std::string PackageRouteId;      ///< taken once
+
+    /// A command is waiting for the converter or copies: no other one may begin.
     bool isBusy = false;
     /// The window is to close.
     bool isClosed = false;
@@ -53,7 +62,8 @@ enum class Control {
 [[nodiscard]] std::string CaptionOf(Control control, const session::RouteState& state);
 [[nodiscard]] bool IsVisible(Control control, const session::RouteState& state);
 /// Whether the button has a command that may begin now: no other one is waiting, and those on a scenario need a list of
-/// scenarios. Packaging and scenario editing have none yet.
+/// scenarios. Adding to a package may begin without one: it then repeats the last addition. Scenario editing has no
+/// command yet.
 [[nodiscard]] bool IsEnabled(Control control, const session::RouteState& state, const RouteWindow& window);
 /// For the status line: how many routes there are, and the full path of the selected one, as the system writes it;
 /// while none is selected, of the one whose scenarios are listed.

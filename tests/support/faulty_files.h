@@ -49,6 +49,7 @@ public:
     [[nodiscard]] std::vector<platform::FolderEntry> List(const std::string& folder) const override {
         return inner_.List(folder);
     }
+    [[nodiscard]] std::vector<std::string> Drives() const override { return inner_.Drives(); }
     [[nodiscard]] std::string ResolveLinks(const std::string& path) const override { return inner_.ResolveLinks(path); }
     [[nodiscard]] bool IsWriteProtected(const std::string& path) const override {
         return inner_.IsWriteProtected(path);

@@ -15,12 +15,14 @@ public:
     std::map<std::string, std::string> contents;
     std::set<std::string> folders;
     std::set<std::string> readOnly;
+    std::vector<std::string> drives = {"C:"};
 
     [[nodiscard]] bool EntryExists(const std::string& path) const override;
     [[nodiscard]] bool IsFolder(const std::string& path) const override;
     [[nodiscard]] std::optional<platform::FileStamp> Stamp(const std::string& path) const override;
     [[nodiscard]] std::unique_ptr<platform::InputFile> Open(const std::string& path) const override;
     [[nodiscard]] std::vector<platform::FolderEntry> List(const std::string& folder) const override;
+    [[nodiscard]] std::vector<std::string> Drives() const override { return drives; }
     [[nodiscard]] std::string ResolveLinks(const std::string& path) const override;
     [[nodiscard]] bool IsWriteProtected(const std::string& path) const override;
 

@@ -84,6 +84,14 @@ bool IsFolderItself(const std::string& native) {
     return lstat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+/// What an entry is, where the file system's list does not say.
+unsigned char KindOf(const dirent& entry, const std::string& folder) {
+    if (entry.d_type != DT_UNKNOWN) return entry.d_type;
+    struct stat status = {};
+    if (lstat(std::string(folder).append("/").append(entry.d_name).c_str(), &status) != 0) return DT_UNKNOWN;
+    return static_cast<unsigned char>(IFTODT(status.st_mode));
+}
+
 /// The error of an operation on two names: about the first one where that is missing, else about the second.
 [[noreturn]] void ThrowForPair(int error, const std::string& from, const std::string& to) {
     struct stat status = {};
@@ -118,6 +126,7 @@ public:
     std::unique_ptr<InputFile> Open(const std::string& path) const override { return OpenInput(Native(path), path); }
 
     std::vector<FolderEntry> List(const std::string& folder) const override;
+    std::vector<std::string> Drives() const override { return {"\\"}; }
     std::string ResolveLinks(const std::string& path) const override;
 
     bool IsWriteProtected(const std::string& path) const override {
@@ -130,7 +139,10 @@ public:
     }
 
     std::unique_ptr<OutputFile> Create(const std::string& path, CreateMode mode) override {
-        return OpenOutput(Native(path), path, mode);
+        if (mode != CreateMode::AsWritten) return OpenOutput(Native(path), path, mode);
+        const std::optional<std::string> native = NativePathWithNameAsWritten(path);
+        if (!native) ThrowSystemError(ENOENT, path);
+        return OpenOutput(*native, path, CreateMode::Overwrite);
     }
 
     void Rename(const std::string& from, const std::string& to) override {
@@ -223,10 +235,8 @@ std::vector<FolderEntry> PosixFiles::List(const std::string& folder) const {
     while (const dirent* entry = readdir(stream.get())) {
         const std::string name = entry->d_name;
         if (name != "." && name != "..") {
-            const bool isFolder = entry->d_type == DT_UNKNOWN
-                                      ? IsFolderItself(std::string(native).append("/").append(name))
-                                      : entry->d_type == DT_DIR;
-            entries.push_back({ProgramSpelling(name), isFolder});
+            const unsigned char type = KindOf(*entry, native);
+            entries.push_back({ProgramSpelling(name), type == DT_DIR, type == DT_LNK, name.starts_with('.')});
         }
         errno = 0;
     }

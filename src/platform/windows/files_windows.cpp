@@ -114,6 +114,7 @@ public:
     std::unique_ptr<InputFile> Open(const std::string& path) const override { return OpenInput(path); }
 
     std::vector<FolderEntry> List(const std::string& folder) const override;
+    std::vector<std::string> Drives() const override;
     std::string ResolveLinks(const std::string& path) const override;
 
     bool IsWriteProtected(const std::string& path) const override {
@@ -252,7 +253,8 @@ std::vector<FolderEntry> WindowsFiles::List(const std::string& folder) const {
             const bool isLink = Has(found.dwFileAttributes, FILE_ATTRIBUTE_REPARSE_POINT) &&
                                 IsReparseTagNameSurrogate(found.dwReserved0);
             const bool isFolder = Has(found.dwFileAttributes, FILE_ATTRIBUTE_DIRECTORY) && !isLink;
-            entries.push_back({FromWide(name), isFolder});
+            const bool isHidden = (found.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0;
+            entries.push_back({FromWide(name), isFolder, isLink, isHidden});
         }
     } while (FindNextFileW(search, &found) != 0);
     const DWORD error = GetLastError();
@@ -265,6 +267,15 @@ std::vector<FolderEntry> WindowsFiles::List(const std::string& folder) const {
         return order != 0 ? order < 0 : left.name < right.name;
     });
     return entries;
+}
+
+std::vector<std::string> WindowsFiles::Drives() const {
+    std::vector<std::string> drives;
+    DWORD mask = GetLogicalDrives();
+    for (char letter = 'A'; mask != 0; ++letter, mask >>= 1) {
+        if ((mask & 1) != 0) drives.push_back({letter, ':'});
+    }
+    return drives;
 }
 
 /// Paths without links stay as they are: the system's answer would name a mapped drive by its server.

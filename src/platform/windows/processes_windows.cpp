@@ -146,7 +146,9 @@ std::unique_ptr<RunningProcess> Launch(Command command, const ProcessStart& star
     startup.dwFlags = STARTF_USESHOWWINDOW;
     const bool hidden = start.style == WindowStyle::Hidden;
     startup.wShowWindow = hidden ? SW_HIDE : SW_SHOWNORMAL;
-    const DWORD flags = CREATE_SUSPENDED | CREATE_UNICODE_ENVIRONMENT | (hidden ? DWORD{CREATE_NO_WINDOW} : 0);
+    // A console program has a console of its own, so that nothing it says gets into this program's output.
+    const DWORD console = hidden ? CREATE_NO_WINDOW : CREATE_NEW_CONSOLE;
+    const DWORD flags = CREATE_SUSPENDED | CREATE_UNICODE_ENVIRONMENT | console;
     std::wstring environment = Environment(start);
     const std::wstring folder = ToWide(start.folder);
     PROCESS_INFORMATION information = {};

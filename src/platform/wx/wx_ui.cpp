@@ -63,9 +63,13 @@ WxUserInterface::WxUserInterface(Window window) : window_(std::move(window)) {}
 WxUserInterface::~WxUserInterface() = default;
 
 Answer WxUserInterface::Show(const Message& message) {
+    const long second = message.opensFolder.empty() ? 0 : wxHELP; // the one more button that such a box has
     wxMessageDialog box(window_.parent(), WithPlainLineEnds(message.text), ToWx(message.title),
-                        StyleOf(message.icon) | StyleOf(message.buttons) | wxCENTRE);
-    return AnswerOf(box.ShowModal(), message.buttons);
+                        StyleOf(message.icon) | StyleOf(message.buttons) | wxCENTRE | second);
+    if (second != 0) box.SetHelpLabel("Open &Folder");
+    const int chosen = box.ShowModal();
+    if (chosen == wxID_HELP) wxLaunchDefaultApplication(ToWx(ToNative(message.opensFolder)));
+    return AnswerOf(chosen, message.buttons);
 }
 
 std::string WxUserInterface::AskForFile(const FileDialog& dialog) {
