@@ -110,6 +110,14 @@ void AddRouteCommands(CLI::App& app, Arguments& arguments) {
     AddScenario(AddCommand(*remove, arguments, "scenario", "Delete a scenario"), arguments);
 }
 
+void AddInstallCommands(CLI::App& app, Arguments& arguments) {
+    AddPath(AddCommand(app, arguments, "install", "Install a package into the game"), "PACKAGE", arguments.file,
+            "The package's folder");
+    auto* const package = AddGroup(app, "package", "Distribution packages");
+    AddPath(AddCommand(*package, arguments, "verify", "List what a package holds and what is missing or odd"), "FOLDER",
+            arguments.file, "The package's folder");
+}
+
 /// The command that the words name, as far as they do.
 const CLI::App& ChosenApp(const CLI::App& app) {
     const CLI::App* chosen = &app;
@@ -135,6 +143,7 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
     AddGlobalOptions(app, result.arguments);
     AddCommands(app, result.arguments);
     AddRouteCommands(app, result.arguments);
+    AddInstallCommands(app, result.arguments);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
     try {
         app.parse(reversed);

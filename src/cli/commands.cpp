@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/install_commands.h"
 #include "cli/prepare.h"
 #include "cli/route_commands.h"
 #include "cli/texture_commands.h"
@@ -114,7 +115,7 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 13> kCommands = {
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 15> kCommands = {
     {{"open", Open},
      {"save", Save},
      {"tidy", Tidy},
@@ -127,7 +128,9 @@ constexpr std::array<std::pair<std::string_view, CommandFunction>, 13> kCommands
      {"stock", ListStock},
      {"check", CheckRoute},
      {"delete route", DeleteRoute},
-     {"delete scenario", DeleteScenario}}};
+     {"delete scenario", DeleteScenario},
+     {"install", InstallPackage},
+     {"package verify", VerifyPackage}}};
 
 } // namespace
 
