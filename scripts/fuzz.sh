@@ -9,6 +9,7 @@ for target in build/fuzz/bin/*_fuzz; do
   mkdir -p "build/fuzz/corpus/$name"
   dictionary=()
   [ "$name" = load_xml_fuzz ] && dictionary=(-dict=tests/fuzz/xml.dict)
+  [[ "$name" == scenario_* || "$name" == catalogue_* ]] && dictionary=(-dict=tests/fuzz/install.dict)
   [[ "$name" == texture_* ]] && dictionary=(-dict=tests/fuzz/texture.dict)
   echo "== $name"
   "$target" -max_total_time="${1:-60}" -timeout=10 -print_final_stats=1 "${dictionary[@]}" \

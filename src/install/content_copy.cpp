@@ -65,9 +65,8 @@ void CopyContentOver(platform::Files& files, platform::UserInterface& ui, const 
         const std::string from = content.root + "\\" + file.path;
         const std::string to = target + "\\" + file.path;
         const bool isNew = !files.EntryExists(to);
-        const bool isDone = PassOver(result, file.path, [&] {
-            isNew ? CopyNew(files, from, to) : platform::CopyFile(files, from, to);
-        });
+        const bool isDone = PassOver(result, file.path,
+                                     [&] { isNew ? CopyNew(files, from, to) : platform::CopyFile(files, from, to); });
         if (isDone && !isNew) result.replaced.push_back(file.path);
         if (isDone && isNew) ++result.added;
         progress.Count();

@@ -98,7 +98,8 @@ void frmRouteSetup::Command2_Click() {
     ShowBusy(true);
     const Ended how = Install(installer_);
     ShowBusy(false);
-    if (how != Ended::Done && how != Ended::Incomplete) return; // the path may be corrected, and the button pressed again
+    if (how != Ended::Done && how != Ended::Incomplete)
+        return; // the path may be corrected, and the button pressed again
     dialog_.Hide();
     dialog_.Close();
 }

@@ -10,7 +10,7 @@ namespace tamarind::install {
 
 /// What an installation has done, for "RouteSetup.log" beside the installer.
 struct InstallLog {
-    std::string what;        ///< a route's name, or what else was installed
+    std::string what; ///< a route's name, or what else was installed
     std::string gameFolder;
     std::vector<std::string> indexes;  ///< a sentence an index: changed, and where its backup is
     std::vector<std::string> replaced; ///< files, relative to the game folder

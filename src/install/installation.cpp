@@ -127,13 +127,14 @@ void Installation::RequireGameFolder() {
 void Installation::PrepareRoute() {
     const std::string index = game_ + "\\Content\\Routes.xml";
     if (!platform::FileExists(files_, index)) {
-        Refuse(Icon::Critical, "The file " + platform::ForDisplay(index) + "\r\ncould not be found, please check your Content folder");
+        Refuse(Icon::Critical,
+               "The file " + platform::ForDisplay(index) + "\r\ncould not be found, please check your Content folder");
     }
     Try("The marker of the route", [&] { platform::ReadUniFile(files_, package_ + kRouteMarker, record_); });
     const std::string name = EnglishNameOf(record_);
     log_.what = "route " + name;
-    const std::string question = "You are about to install Route - " + name +
-                                 "\r\nInto your Rail Simulator Routes folder - Please Confirm.";
+    const std::string question =
+        "You are about to install Route - " + name + "\r\nInto your Rail Simulator Routes folder - Please Confirm.";
     if (ui_.Show({.text = question, .icon = Icon::Exclamation, .buttons = Buttons::YesNo}) != Answer::Yes) {
         throw End{Ended::Declined};
     }
@@ -192,8 +193,7 @@ void Installation::PrepareScenarios() {
     log_.what += route.empty() ? "" : " of the route " + route;
     if (route.empty()) return;
     // A name that leads elsewhere is the name of no route.
-    if (!routes::IsFolderName(route) ||
-        !platform::FolderExists(files_, game_ + "\\Content\\Routes\\" + route)) {
+    if (!routes::IsFolderName(route) || !platform::FolderExists(files_, game_ + "\\Content\\Routes\\" + route)) {
         Refuse(Icon::Exclamation, "The Route Folder " + route + "\r\ndoes not exist, could not add scenarios.");
     }
 }
@@ -205,14 +205,13 @@ void Installation::MergeIntoScenarios() {
         return;
     }
     const platform::BusyPointer pointer(ui_);
-    if (!Try("The scenarios' records", [&] {
-            platform::ReadUniFile(files_, package_ + kScenarioRecords, scenarioRecords_);
-        })) {
+    if (!Try("The scenarios' records",
+             [&] { platform::ReadUniFile(files_, package_ + kScenarioRecords, scenarioRecords_); })) {
         return;
     }
     const auto tryStatement = [this](const std::function<void()>& step) { return Try("The index of scenarios", step); };
-    const MergedIndex merged = MergeScenarioIndex(
-        {installer_.platform, ui_, package_, game_, scenarios_, scenarioRecords_}, tryStatement);
+    const MergedIndex merged =
+        MergeScenarioIndex({installer_.platform, ui_, package_, game_, scenarios_, scenarioRecords_}, tryStatement);
     const std::string index = game_ + "\\Content\\Routes\\" + scenarios_.routeFolder + "\\Scenarios.bin";
     const std::string backup = merged.backup.empty() ? "none" : merged.backup;
     if (merged.problem.empty() || !merged.backup.empty()) log_.indexes.push_back(index + ", the old one: " + backup);

@@ -124,9 +124,8 @@ private:
         for (const std::string& id : list.ids)
             VerifyListed(list.routeFolder, id);
         for (const PackageRecord& record : report_.records) {
-            const bool isListed = std::any_of(list.ids.begin(), list.ids.end(), [&](const std::string& id) {
-                return text::EqualNoCase(id, record.id);
-            });
+            const bool isListed = std::any_of(list.ids.begin(), list.ids.end(),
+                                              [&](const std::string& id) { return text::EqualNoCase(id, record.id); });
             if (!isListed) Problem("The record of " + record.id + " is not listed in \"Scenario.yyy\".");
         }
     }

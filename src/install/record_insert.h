@@ -5,8 +5,8 @@
 
 namespace tamarind::install {
 
-/// An index with records put behind the last ">" in front of its last "</Record". Two characters behind that ">" stay in
-/// front of the records, and the second of them stands behind the records once more: indexes have had it so from the
+/// An index with records put behind the last ">" in front of its last "</Record". Two characters behind that ">" stay
+/// in front of the records, and the second of them stands behind the records once more: indexes have had it so from the
 /// first installers on. A line break that would double after records that end with one is left out.
 /// Throws InvalidProcedureCall when there is no such place.
 [[nodiscard]] std::string InsertRecords(std::string_view index, std::string_view records);

@@ -183,8 +183,8 @@ private:
     Parts removed_; ///< begin and end
 };
 
-/// Removes the records of the plain entries at the front of `entries`; returns how many entries were done. It ends early
-/// where the text has to be read anew.
+/// Removes the records of the plain entries at the front of `entries`; returns how many entries were done. It ends
+/// early where the text has to be read anew.
 std::size_t RemovePlainEntries(std::string& index, std::span<const std::string> entries) {
     Occurrences occurrences(index, entries);
     Remainder remainder(index);

@@ -53,8 +53,8 @@ public:
     virtual ~Dialog() = default;
 
     // What happens in the window. Handlers run inside Run, and inside whatever waits there.
-    std::function<void(int id)> onPress; ///< of a button
-    std::function<void(int id)> onEnter; ///< Enter in a text box
+    std::function<void(int id)> onPress;             ///< of a button
+    std::function<void(int id)> onEnter;             ///< Enter in a text box
     std::function<bool(const Progress&)> onProgress; ///< as UserInterface::ShowProgress
     std::function<void()> onEndProgress;
     std::function<void(const std::string&)> onStatus;

@@ -99,8 +99,8 @@ ATOM RegisterWindowClass(WNDPROC procedure) {
 }
 
 WindowsDialog::WindowsDialog(const DialogDesign& design)
-    : design_(design), dpi_(DpiOf(nullptr)),
-      window_((RegisterWindowClass(WindowProcedure), MakeWindow(this))), ui_(*this, window_) {
+    : design_(design), dpi_(DpiOf(nullptr)), window_((RegisterWindowClass(WindowProcedure), MakeWindow(this))),
+      ui_(*this, window_) {
     if (window_ == nullptr) ThrowSystemError(GetLastError(), design.caption);
     dpi_ = DpiOf(window_);
     for (const DialogControl& control : design_.controls)
@@ -195,9 +195,9 @@ const DialogControl* WindowsDialog::Focused() const {
 LRESULT WindowsDialog::DefaultButton() const {
     const DialogControl* const focused = Focused();
     if (focused != nullptr && focused->kind == ControlKind::TextBox) return 0;
-    const auto found =
-        std::find_if(design_.controls.begin(), design_.controls.end(),
-                     [](const DialogControl& control) { return control.kind == ControlKind::DefaultButton; });
+    const auto found = std::find_if(design_.controls.begin(), design_.controls.end(), [](const DialogControl& control) {
+        return control.kind == ControlKind::DefaultButton;
+    });
     return found == design_.controls.end() ? 0 : MAKELRESULT(found->id, DC_HASDEFID);
 }
 
