@@ -29,9 +29,6 @@ public:
         folder.Write("Game\\Content\\Routes\\new-route\\tile.bin", "an old tile");
         folder.Write("P\\Rail Simulator\\RS-Install.bat", "rem");
         faulty_.RailSimPath = folder / "Game";
-        processes.run = [this](const platform::ProcessStart& start) {
-            if (start.commandLine.starts_with("serz.exe")) converter(start);
-        };
     }
     void TestBody() override {}
     void MakePackage(bool isRoute) { isRoute ? MakeRoutePackage() : MakeScenarioPackage(); }

@@ -29,21 +29,31 @@ inline constexpr const char* kScenarioRecord =
 
 /// A game in "Game" with one route and a package in "P", on the real disk; the converter is played.
 class InstallerRig : public testing::Test {
-protected:
+public:
     InstallerRig() : disk(folder.Disk()), converter(disk) {
         folder.Write("Game\\Content\\Routes.xml", kRoutesIndex);
         folder.Write("Game\\Content\\Routes\\old-route\\Scenarios.bin", GameFile(kScenarioIndex));
         folder.MakeFolder("P");
         installer.RailSimPath = folder / "Game";
-        processes.run = [this](const platform::ProcessStart& start) { converter(start); };
+        processes.run = [this](const platform::ProcessStart& start) { Play(start); };
     }
 
-    void MakeRoutePackage() {
+    /// Plays the converter, which knows by the file which way to go; other programs do nothing.
+    void Play(const platform::ProcessStart& start) {
+        if (!start.commandLine.starts_with("serz.exe ")) return;
+        platform::ProcessStart played = start;
+        const bool isBack = start.commandLine.ends_with("Scenarios.bin\"");
+        const std::string word = " xml:\"";
+        if (isBack) played.commandLine.replace(start.commandLine.find(word), word.size(), " bin:\"");
+        converter(played);
+    }
+
+    void MakeRoutePackage() const {
         folder.Write("P\\Route_Setup.xxx", kRouteRecord);
         folder.Write("P\\Rail Simulator\\Content\\Routes\\new-route\\tile.bin", "tile");
     }
 
-    void MakeScenarioPackage() {
+    void MakeScenarioPackage() const {
         folder.Write("P\\Scenario.zzz", kScenarioRecord);
         folder.Write("P\\Scenario.yyy", "old-route\r\n" + std::string(kScenarioId) + "\r\n");
         folder.Write("P\\Rail Simulator\\Content\\Routes\\old-route\\Scenarios\\" + std::string(kScenarioId) +

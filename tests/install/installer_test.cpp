@@ -458,6 +458,7 @@ TEST_F(InstallScenario, LogsWhereTheBackupIs) {
 // What is said beforehand.
 
 TEST_F(InstallRoute, SaysBeforehandWhatItWillDo) {
+    installer.InstallMode = InstallMode::Route;
     EXPECT_THAT(DescribeInstallation(installer),
                 ElementsAre("Route: New Line", "Files: 1, 4 bytes", "Target: " + platform::ForDisplay(folder / "Game"),
                             HasSubstr("does not look like the game's folder")));
@@ -465,6 +466,7 @@ TEST_F(InstallRoute, SaysBeforehandWhatItWillDo) {
 
 TEST_F(InstallScenario, SaysBeforehandHowManyThereAre) {
     folder.Write("Game\\RailSim.exe", "");
+    installer.InstallMode = InstallMode::Scenario;
     EXPECT_THAT(DescribeInstallation(installer),
                 ElementsAre("Scenarios: 1, for the route old-route", "Files: 1, 8 bytes", testing::_));
 }
