@@ -2,6 +2,7 @@
 
 #include "install/catalogue_merge.h"
 #include "install/scenario_index.h"
+#include "platform/batch_file.h"
 #include "platform/myfile.h"
 #include "platform/paths.h"
 #include "routes/folder_name.h"
@@ -99,6 +100,8 @@ void Installation::MakeWritable() {
     start.commandLine = "ATTRIB -h -r -s \"" + game_ + "\\*.*\" /s /d";
     start.style = platform::WindowStyle::NormalFocus;
     platform::ShellWait(installer_.platform.processes, ui_, start, true);
+    // The ATTRIB of emulators does nothing when it is given several switches; elsewhere nothing is left to do.
+    platform::RunBatchCommand(files_, platform::ClearAttributes{game_}, {});
     ui_.Show({.text = "All files are now Read/Write", .icon = Icon::Exclamation});
 }
 
