@@ -24,7 +24,7 @@ add_custom_command(OUTPUT ${generated}/icons.h DEPENDS ${icon_files} ${PROJECT_S
         -P ${PROJECT_SOURCE_DIR}/cmake/embed.cmake)
 add_custom_target(tamarind_icons DEPENDS ${generated}/tamarind.ico ${generated}/icons.h)
 
-# tamarind_windows_resources(target window|console): on Windows alone.
+# tamarind_windows_resources(target window|dialog|console): on Windows alone. A dialog is a window without the toolkit.
 function(tamarind_windows_resources target kind)
     if(NOT WIN32)
         return()
@@ -38,6 +38,9 @@ function(tamarind_windows_resources target kind)
         set(RESOURCE_DESCRIPTION "Tamarind")
         # The toolkit's own manifest lacks long paths; ours stands below.
         set(WX_RESOURCES "#define wxUSE_NO_MANIFEST 1\n#include <wx/msw/wx.rc>")
+    elseif(kind STREQUAL "dialog")
+        set(RESOURCE_DESCRIPTION "Installer of packages made with Tamarind")
+        set(WX_RESOURCES "")
     else()
         set(RESOURCE_DESCRIPTION "Tamarind for the terminal")
         set(WX_RESOURCES "")

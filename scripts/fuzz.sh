@@ -12,6 +12,7 @@ for target in build/fuzz/bin/*_fuzz; do
     load_xml_fuzz) dictionary=(-dict=tests/fuzz/xml.dict) ;;
     texture_*) dictionary=(-dict=tests/fuzz/texture.dict) ;;
     index_fuzz | remove_entry_fuzz | tile_fuzz | shape_fuzz) dictionary=(-dict=tests/fuzz/routes.dict) ;;
+    scenario_* | catalogue_*) dictionary=(-dict=tests/fuzz/install.dict) ;;
   esac
   echo "== $name"
   "$target" -max_total_time="${1:-60}" -timeout=10 -print_final_stats=1 "${dictionary[@]}" \

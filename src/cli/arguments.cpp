@@ -122,6 +122,9 @@ void AddPackageCommands(CLI::App& app, Arguments& arguments) {
 
     auto* const assets = AddCommand(*package, arguments, "assets", "Package folders of assets");
     assets->add_option("FOLDER", arguments.files, "Folders below \"Rail Simulator\"")->required()->type_name("");
+
+    AddPath(AddCommand(*package, arguments, "verify", "List what a package holds and what is missing or odd"), "FOLDER",
+            arguments.file, "The package's folder");
 }
 
 /// The command that the words name, as far as they do.

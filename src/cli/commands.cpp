@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/install_commands.h"
 #include "cli/package_commands.h"
 #include "cli/prepare.h"
 #include "cli/route_commands.h"
@@ -115,7 +116,7 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 16> kCommands = {
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 18> kCommands = {
     {{"open", Open},
      {"save", Save},
      {"tidy", Tidy},
@@ -131,7 +132,9 @@ constexpr std::array<std::pair<std::string_view, CommandFunction>, 16> kCommands
      {"delete scenario", DeleteScenario},
      {"package route", PackageRoute},
      {"package scenarios", PackageScenarios},
-     {"package assets", PackageAssets}}};
+     {"package assets", PackageAssets},
+     {"package verify", VerifyPackage},
+     {"install", InstallPackage}}};
 
 } // namespace
 

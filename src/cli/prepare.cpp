@@ -9,7 +9,7 @@ namespace tamarind::cli {
 
 using session::EditorContext;
 
-void PrepareGame(EditorContext& context, const Arguments& arguments) {
+void FindGame(EditorContext& context, const Arguments& arguments) {
     auto& session = context.session;
     const auto step = [&context](void (*read)(EditorContext&)) {
         try {
@@ -23,6 +23,11 @@ void PrepareGame(EditorContext& context, const Arguments& arguments) {
     step(shell::ReadSettings);
     if (!arguments.gameFolder.empty()) session.RailSimPath = platform::FromNative(arguments.gameFolder);
     step(shell::FindGameFolder);
+}
+
+void PrepareGame(EditorContext& context, const Arguments& arguments) {
+    FindGame(context, arguments);
+    const auto& session = context.session;
     auto& files = context.platform.files;
     if (!platform::FolderExists(files, session.TempFiles())) files.CreateFolder(session.TempFiles());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "routes/folder_name.h"
 #include "routes/route_window.h"
 
 #include <string>
@@ -20,9 +21,5 @@ Ended DeleteScenario(session::EditorContext& context, RouteWindow& window, Selec
 /// Moves the folder to the trash; where there is none it is deleted for good, with read-only files. Links are deleted,
 /// never followed. A failure is no error: the status line tells when something stayed.
 void DeleteFolder(session::EditorContext& context, const std::string& folder);
-
-/// Whether an id can be the name of a folder, so that its path leads to no other one: not empty, no dots or blanks
-/// alone, none of the characters \ / : * ? " < > | and no control character.
-[[nodiscard]] bool IsFolderName(std::string_view id);
 
 } // namespace tamarind::routes

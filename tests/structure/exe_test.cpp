@@ -47,10 +47,12 @@ TEST_P(Programs, AskForNothingButLongPathsAndPlainRights) {
     EXPECT_THAT(manifest, HasSubstr("<supportedOS Id=\"{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}\"/>"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Programs, testing::Values(WINDOW_PROGRAM, TERMINAL_PROGRAM));
+INSTANTIATE_TEST_SUITE_P(Of, Programs, testing::Values(WINDOW_PROGRAM, TERMINAL_PROGRAM, INSTALLER_PROGRAM));
 
-TEST(WindowProgram, ScalesWithEveryScreenAndUsesTheSystemsControls) {
-    const std::vector<std::string> manifests = PeFile(WINDOW_PROGRAM).Resources(24);
+class WindowPrograms : public testing::TestWithParam<const char*> {};
+
+TEST_P(WindowPrograms, ScaleWithEveryScreenAndUseTheSystemsControls) {
+    const std::vector<std::string> manifests = PeFile(GetParam()).Resources(24);
     ASSERT_THAT(manifests, SizeIs(1));
     EXPECT_THAT(manifests.front(), HasSubstr(">PerMonitorV2, PerMonitor</dpiAwareness>"));
     EXPECT_THAT(manifests.front(), HasSubstr("name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\""));
@@ -69,10 +71,20 @@ std::set<int> WidthsIn(const std::string& group) {
     return widths;
 }
 
-TEST(WindowProgram, CarriesItsIconInEverySize) {
-    const std::vector<std::string> groups = PeFile(WINDOW_PROGRAM).Resources(14);
+TEST_P(WindowPrograms, CarryTheirIconInEverySize) {
+    const std::vector<std::string> groups = PeFile(GetParam()).Resources(14);
     const std::set<int> all{16, 20, 24, 32, 40, 48, 64, 256};
     EXPECT_THAT(groups, testing::Contains(testing::ResultOf(WidthsIn, all)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, WindowPrograms, testing::Values(WINDOW_PROGRAM, INSTALLER_PROGRAM));
+
+// It travels inside every package.
+TEST(InstallerProgram, IsSmall) {
+    constexpr std::uint64_t kMostBytes = 1'500'000;
+    const std::uint64_t size = PeFile(INSTALLER_PROGRAM).Size();
+    EXPECT_GT(size, 0U);
+    EXPECT_LE(size, kMostBytes);
 }
 
 } // namespace

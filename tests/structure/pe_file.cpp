@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 
 namespace tamarind::tests {
 namespace {
@@ -70,6 +71,8 @@ std::vector<std::string> PeFile::Resources(std::uint16_t type) const {
                        reinterpret_cast<LONG_PTR>(&contents));
     return contents;
 }
+
+std::uint64_t PeFile::Size() const { return std::filesystem::file_size(path_); }
 
 std::string PeFile::FileVersion() const {
     DWORD ignored = 0;

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] std::vector<std::string> Resources(std::uint16_t type) const;
     /// "3.1.31.0" of the version resource; empty when there is none.
     [[nodiscard]] std::string FileVersion() const;
+    /// Bytes of the file.
+    [[nodiscard]] std::uint64_t Size() const;
 
 private:
     std::wstring path_;
