@@ -78,6 +78,15 @@ void AddCommands(CLI::App& app, Arguments& arguments) {
     auto* const tree = AddCommand(app, arguments, "tree", "List the rows of an XML file");
     AddPath(tree, "XML", arguments.xml, "The XML file");
 
+    auto* const find = AddCommand(app, arguments, "find", "Find rows of an XML file");
+    AddPath(find, "XML", arguments.xml, "The XML file");
+    AddPath(find, "TEXT", arguments.text, "What to look for, in any letter case");
+    find->add_flag("--in-text", arguments.inText, "Look into the elements' texts instead of their names");
+    find->add_flag("--whole-word", arguments.wholeWord, "Do not find it within a longer word");
+
+    auto* const highlight = AddCommand(app, arguments, "highlight", "Show an XML file in colours");
+    AddPath(highlight, "XML", arguments.xml, "The XML file");
+
     AddTextureCommands(app, arguments);
 }
 

@@ -21,6 +21,10 @@ struct Arguments {
     std::vector<std::string> files; ///< of a command that takes several
     std::size_t level = 0;          ///< of a texture, 0 the largest
 
+    std::string text;       ///< to be found
+    bool inText = false;    ///< in the elements' texts
+    bool wholeWord = false; ///< not within a longer word
+
     std::string route;    ///< id or display name
     std::string scenario; ///< id or display name
     bool listShapes = false;

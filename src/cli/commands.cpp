@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/editor_commands.h"
 #include "cli/install_commands.h"
 #include "cli/package_commands.h"
 #include "cli/prepare.h"
@@ -116,11 +117,13 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 18> kCommands = {
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 20> kCommands = {
     {{"open", Open},
      {"save", Save},
      {"tidy", Tidy},
      {"tree", Tree},
+     {"find", FindRows},
+     {"highlight", HighlightFile},
      {"texture export", ExportTextures},
      {"texture import", ImportTextures},
      {"texture preview", PreviewTexture},

@@ -106,6 +106,15 @@ std::size_t clsNodes::IndexOf(NodeKey key) const {
     return (*found)->Key == key ? static_cast<std::size_t>(found - begin()) : count_;
 }
 
+std::size_t clsNodes::PositionOf(NodeKey key) const {
+    const std::size_t index = IndexOf(key);
+    return index == count_ ? 0 : index + 1;
+}
+
+void clsNodes::MoveLastTo(std::size_t index) {
+    std::rotate(items_ + index, items_ + count_ - 1, items_ + count_);
+}
+
 void clsNodes::RemoveAt(std::size_t index) {
     std::copy(items_ + index + 1, items_ + count_, items_ + index);
     --count_;
@@ -188,6 +197,17 @@ void Document::Append(clsNode& parent, clsNode& child) {
     deepestLevel_ = std::max(deepestLevel_, child.level_);
 }
 
+void Document::PutBack(clsNode& parent, clsNode& node, std::size_t index) {
+    clsNodes& children = parent.ChildNodes;
+    CheckIndex(index, children.Count() + 1);
+    const bool wasAscending = children.ascending_ != 0;
+    Append(parent, node);
+    children.MoveLastTo(index - 1);
+    const bool fits = (index == 1 || children.items_[index - 2]->Key < node.Key) &&
+                      (index == children.count_ || children.items_[index]->Key > node.Key);
+    children.ascending_ = wasAscending && fits ? 1 : 0;
+}
+
 void Document::LoadCharacters(clsNode& node, std::string_view characters) {
     std::string_view& slot = node.NodeCharacters;
     if (characters.size() > slot.size()) {
@@ -209,6 +229,14 @@ clsNodeAttribute& Document::AddAttribute(clsNode& node, std::string_view name, s
     auto* const place = new (attributes.items_ + attributes.count_) clsNodeAttribute(added);
     ++attributes.count_;
     return *place;
+}
+
+void Document::InsertAttribute(clsNode& node, std::size_t index, std::string_view name, std::string_view value) {
+    clsNodeAttributes& attributes = node.NodeAttributes;
+    CheckIndex(index, attributes.Count() + 1);
+    AddAttribute(node, name, value);
+    std::rotate(attributes.items_ + index - 1, attributes.items_ + attributes.count_ - 1,
+                attributes.items_ + attributes.count_);
 }
 
 void Document::ReserveAttributes(clsNode& node, std::size_t count) {

@@ -60,6 +60,9 @@ public:
     void Remove(std::size_t index);
     void Remove(std::string_view key);
 
+    /// Position from 1; 0 when no child has that key.
+    [[nodiscard]] std::size_t PositionOf(NodeKey key) const;
+
     [[nodiscard]] clsNode* const* begin() const { return items_; }
     [[nodiscard]] clsNode* const* end() const { return items_ + count_; }
 
@@ -67,6 +70,8 @@ private:
     friend class Document;
     /// Index from 0; Count() when there is none.
     [[nodiscard]] std::size_t IndexOf(NodeKey key) const;
+    /// Moves the last one to the place `index` from 0.
+    void MoveLastTo(std::size_t index);
     void RemoveAt(std::size_t index);
 
     clsNode** items_ = nullptr;
@@ -113,6 +118,11 @@ public:
 
     /// Appends a child element. Throws DuplicateKey when the parent holds that key already.
     clsNode& AddNode(clsNode& parent, std::string_view name, std::string_view characters, NodeKey key);
+    /// Puts a node of this document that was taken out of its parent back under `parent`, at the position `index` from 1
+    /// to its number of children and 1. Throws DuplicateKey; InvalidProcedureCall for any other position.
+    void PutBack(clsNode& parent, clsNode& node, std::size_t index);
+    /// An attribute at a position from 1 to their number and 1. Throws InvalidProcedureCall for any other.
+    void InsertAttribute(clsNode& node, std::size_t index, std::string_view name, std::string_view value);
     /// Appends an attribute.
     clsNodeAttribute& AddAttribute(clsNode& node, std::string_view name, std::string_view value);
     /// Gives a node room for that many attributes in one step.

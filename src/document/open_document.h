@@ -1,10 +1,20 @@
 #pragma once
 
 #include "document/clsNode.h"
+#include "document/edit_history.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace tamarind::document {
+
+/// Where the search over the rows goes on.
+struct SearchState {
+    std::string text;         ///< of the search before
+    std::size_t startRow = 1; ///< from 1; the row after the one found last
+    std::uint64_t rows = 0;   ///< OpenDocument::rowsChanges at that time
+};
 
 /// The tree editor's document with all that belongs to it while it is open.
 struct OpenDocument {
@@ -19,6 +29,9 @@ struct OpenDocument {
     NodeKey KeyCounter = 0;          ///< number of the key given last; 0 while the tree is empty
     clsNode* SelectedNode = nullptr; ///< of the row clicked last; null when none
     Document clipboard;              ///< empty, or one copied element
+    EditHistory history;
+    std::uint64_t rowsChanges = 0; ///< how often rows came, went or were renamed
+    SearchState search;
 };
 
 } // namespace tamarind::document

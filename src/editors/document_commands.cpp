@@ -22,7 +22,9 @@ namespace {
 void EmptyDocument(EditorContext& context) {
     auto& open = context.document;
     context.view.ClearTree();
+    open.history.Clear();
     open.document = document::Document();
+    ++open.rowsChanges;
     open.SelectedNode = nullptr;
     open.KeyCounter = 0;
     open.isOpen = false;
@@ -98,6 +100,7 @@ bool LoadXmlFile(EditorContext& context) {
         if (open.path != path) return false;
         if (!open.document.IsEmpty()) EmptyDocument(context);
         open.document = std::move(loaded);
+        ++open.rowsChanges;
     } catch (const document::XmlError& error) {
         context.view.UpdateCommands();
         context.ui.Show({.text = ParseFailure(path, error)});

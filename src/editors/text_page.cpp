@@ -1,84 +1,49 @@
 #include "editors/text_page.h"
 
+#include "editors/dlgSearch.h"
+#include "editors/text_menu_page.h"
+#include "editors/xml_text_page.h"
 #include "platform/paths.h"
 #include "platform/wx/bordered_panel.h"
 #include "platform/wx/frame_caption.h"
 #include "platform/wx/wx_text.h"
 
 #include <wx/button.h>
-#include <wx/evtloop.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/splitter.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
-#include <wx/stc/stc.h>
-#include <wx/stopwatch.h>
 #include <wx/textctrl.h>
-#include <wx/utils.h>
+
+#include <fmt/format.h>
 
 #include <algorithm>
-#include <limits>
-#include <optional>
 #include <utility>
 
 namespace tamarind::editors {
 
 using platform::FromWx;
 using platform::ToWx;
+using session::EditorContext;
 
 namespace {
 
 constexpr int kGap = 6;
 constexpr int kSmallestPane = 160;
 constexpr int kPanePercent = 45;
-constexpr int kTabWidth = 4;
-constexpr int kEverything = wxSTC_MODEVENTMASKALL;
-constexpr std::size_t kSpareRoom = 65536;
-constexpr std::size_t kLargestText = std::numeric_limits<int>::max();
-constexpr long kPaintPatience = 500; // milliseconds
-
-/// Changes of a text that was never typed: its undo and change events would cost more than the text itself.
-class Untracked {
-public:
-    explicit Untracked(wxStyledTextCtrl& editor) : editor_(editor) {
-        editor_.SetModEventMask(0);
-        editor_.SetUndoCollection(false);
-    }
-    ~Untracked() {
-        editor_.SetUndoCollection(true);
-        editor_.EmptyUndoBuffer();
-        editor_.SetSavePoint();
-        editor_.SetModEventMask(kEverything);
-    }
-    Untracked(const Untracked&) = delete;
-    Untracked& operator=(const Untracked&) = delete;
-
-private:
-    wxStyledTextCtrl& editor_;
-};
+/// Counting the columns of a longer line would be felt at every key.
+constexpr int kLongLine = 1'000'000;
 
 } // namespace
 
-TextPage::TextPage(wxWindow* parent) : wxPanel(parent) {
+TextPage::TextPage(wxWindow* parent, session::CommandRunner run, std::function<void()> onState)
+    : wxPanel(parent), run_(std::move(run)) {
     auto* const outer = new wxBoxSizer(wxVERTICAL);
     auto* const frame = new wxStaticBoxSizer(wxVERTICAL, this, "Tamarind Editor");
     frame1_ = frame->GetStaticBox();
     frame1_->SetName("Frame1");
-
-    auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    auto* const label1 = new wxStaticText(frame1_, wxID_ANY, "File Name:");
-    label1->SetName("Label1");
-    text1_ = new wxTextCtrl(frame1_, wxID_ANY);
-    text1_->SetName("Text1");
-    command1_ = new wxButton(frame1_, wxID_ANY, "Highlight XML");
-    command1_->SetName("Command1");
-    command1_->Disable();
     const int gap = FromDIP(kGap);
-    row->Add(label1, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
-    row->Add(text1_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
-    row->Add(command1_, wxSizerFlags().CenterVertical());
-    frame->Add(row, wxSizerFlags().Expand().Border(wxALL, gap));
+    frame->Add(MakeTopRow(), wxSizerFlags().Expand().Border(wxALL, gap));
 
     splitter_ = new wxSplitterWindow(frame1_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
     splitter_->SetName("Panes");
@@ -87,105 +52,50 @@ TextPage::TextPage(wxWindow* parent) : wxPanel(parent) {
     splitter_->SetSashGravity(1.0);
     auto* const border = new platform::BorderedPanel(splitter_);
     textSide_ = border;
-    richTextBox1_ = new wxStyledTextCtrl(border, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
-    richTextBox1_->SetName("RichTextBox1");
-    SetUpEditor();
+    richTextBox1_ = new XmlText(border);
+    richTextBox1_->onChanged = std::move(onState);
     border->Hold(richTextBox1_);
     splitter_->Initialize(textSide_);
     frame->Add(splitter_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
 
     outer->Add(frame, wxSizerFlags(1).Expand().Border(wxALL, gap));
     SetSizer(outer);
+    command1_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+        run_([](EditorContext& context) { context.view.HighlightEditorText(); });
+        richTextBox1_->SetFocus();
+    });
+    richTextBox1_->Bind(wxEVT_CONTEXT_MENU, &TextPage::OnContextMenu, this);
+    Bind(wxEVT_CHAR_HOOK, &TextPage::OnKey, this);
 }
 
-void TextPage::SetUpEditor() {
-    auto& editor = *richTextBox1_;
-    const int size = GetFont().GetPointSize();
-    editor.StyleSetFont(wxSTC_STYLE_DEFAULT, wxFont(wxFontInfo(size).Family(wxFONTFAMILY_TELETYPE)));
-    editor.StyleSetForeground(wxSTC_STYLE_DEFAULT, wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
-    editor.StyleSetBackground(wxSTC_STYLE_DEFAULT, wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
-    editor.StyleClearAll();
-    editor.SetCaretForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
-    for (int margin = 0; margin < wxSTC_MAX_MARGIN; ++margin)
-        editor.SetMarginWidth(margin, 0);
-    editor.SetMarginLeft(FromDIP(kGap));
-    editor.SetTabWidth(kTabWidth);
-    editor.SetScrollWidthTracking(true);
-    editor.Bind(wxEVT_SIZE, [this, width = 0](wxSizeEvent& event) mutable {
-        // What a long line has widened stays while only the scroll bar that it called changes the room.
-        const bool isWidened = richTextBox1_->GetScrollWidth() != fittedWidth_;
-        if (std::exchange(width, richTextBox1_->GetSize().x) != width || !isWidened) FitScrollWidth();
-        event.Skip();
-    });
-    // The default lexer waits for somebody to style the text, for ever.
-    editor.SetLexer(wxSTC_LEX_NULL);
-    // Without this, going to the end of a long text styles all of it first.
-    editor.SetIdleStyling(wxSTC_IDLESTYLING_ALL);
-    editor.SetLayoutCache(wxSTC_CACHE_PAGE);
-    editor.Bind(wxEVT_STC_PAINTED, [this](wxStyledTextEvent& event) {
-        if (!std::exchange(isPainted_, true)) CallAfter([this] { MakeRoomAtStart(); });
-        event.Skip();
-    });
+TextPage::~TextPage() {
+    if (search_) search_->Destroy();
+}
+
+wxSizer* TextPage::MakeTopRow() {
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    auto* const label1 = new wxStaticText(frame1_, wxID_ANY, "File Name:");
+    label1->SetName("Label1");
+    text1_ = new wxTextCtrl(frame1_, wxID_ANY);
+    text1_->SetName("Text1");
+    command1_ = new wxButton(frame1_, wxID_ANY, "Highlight XML");
+    command1_->SetName("Command1");
+    const int gap = FromDIP(kGap);
+    row->Add(label1, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
+    row->Add(text1_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
+    row->Add(command1_, wxSizerFlags().CenterVertical());
+    return row;
 }
 
 void TextPage::FillText(std::size_t size, const std::function<void(const session::TextSink& take)>& write) {
-    auto& editor = *richTextBox1_;
-    std::optional<Untracked> untracked;
-    const auto begin = [&] {
-        if (untracked) return;
-        untracked.emplace(editor);
-        editor.ClearAll();
-        editor.Allocate(static_cast<int>(std::min(size + kSpareRoom, kLargestText)));
-    };
-    try {
-        write([&](std::string_view piece) {
-            begin();
-            editor.AppendTextRaw(piece.data(), static_cast<int>(piece.size()));
-        });
-    } catch (...) {
-        if (untracked) editor.ClearAll();
-        throw;
-    }
-    begin(); // nothing handed over is an empty text
-    untracked.reset();
-    const int lineEnd = editor.GetLineEndPosition(0);
-    const bool hasCrLf = editor.GetCharAt(lineEnd) == '\r' && editor.GetCharAt(lineEnd + 1) == '\n';
-    editor.SetEOLMode(hasCrLf ? wxSTC_EOL_CRLF : wxSTC_EOL_LF);
-    editor.GotoPos(0);
-    if (editor.IsShownOnScreen()) editor.SetFocus();
-    FitScrollWidth();
-    isPainted_ = false;
+    richTextBox1_->Fill(size, write);
 }
 
-// The control keeps its free room where the last change was, now the end, and the first key typed into a large text
-// would wait for all of it to be moved to the caret.
-void TextPage::MakeRoomAtStart() {
-    auto& editor = *richTextBox1_;
-    if (editor.GetModify() || editor.GetCurrentPos() != 0) return;
-    const Untracked untracked(editor);
-    editor.InsertText(0, " ");
-    editor.DeleteRange(0, 1);
-}
+void TextPage::Paint() { richTextBox1_->WaitForPaint(); }
 
-void TextPage::Paint() {
-    wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
-    const wxStopWatch watch;
-    while (loop != nullptr && !isPainted_ && richTextBox1_->IsShownOnScreen() && watch.Time() < kPaintPatience) {
-        loop->YieldFor(wxEVT_CATEGORY_ALL);
-        wxMilliSleep(1);
-    }
-}
+void TextPage::Highlight() { richTextBox1_->Highlight(); }
 
-// Grows by itself when a longer line is shown. GTK shades the edge of a view that is wider than what it scrolls.
-void TextPage::FitScrollWidth() {
-    const int margins = richTextBox1_->GetMarginLeft() + richTextBox1_->GetMarginRight();
-    fittedWidth_ = std::max(1, richTextBox1_->GetClientSize().x - margins);
-    richTextBox1_->SetScrollWidth(fittedWidth_);
-}
-
-std::string_view TextPage::TextView() const {
-    return {richTextBox1_->GetCharacterPointer(), static_cast<std::size_t>(richTextBox1_->GetLength())};
-}
+std::string_view TextPage::TextView() const { return richTextBox1_->View(); }
 
 std::string TextPage::Text() const { return std::string(TextView()); }
 
@@ -196,7 +106,7 @@ void TextPage::ShowBeside(wxWindow& pane) {
     // Never narrower than what it needs to show.
     splitter_->SetMinimumPaneSize(std::max(FromDIP(kSmallestPane), pane.GetBestSize().x));
     splitter_->SplitVertically(textSide_, &pane, -splitter_->GetClientSize().x * kPanePercent / 100);
-    FitScrollWidth();
+    richTextBox1_->FitScrollWidth();
 }
 
 void TextPage::ShowTextAlone() {
@@ -216,6 +126,76 @@ std::string TextPage::FilePath() const {
 
 void TextPage::ShowState(const PageState& state) {
     platform::ShowFrameCaption(*frame1_, state.textCaption, state.textWarns);
+}
+
+TextPage::StateText TextPage::State() const {
+    const XmlText& editor = *richTextBox1_;
+    const int caret = editor.GetCurrentPos();
+    const int line = editor.LineFromPosition(caret);
+    const bool isLong = editor.LineLength(line) > kLongLine;
+    const int column = isLong ? caret - editor.PositionFromLine(line) : editor.GetColumn(caret);
+    return {.caret = fmt::format("Line {}, Column {}", line + 1, column + 1),
+            .lineEnds = editor.GetEOLMode() == wxSTC_EOL_CRLF ? "CR LF" : "LF",
+            .encoding = "Windows-1252"};
+}
+
+// --- searching
+
+void TextPage::ShowSearch() {
+    if (!search_) {
+        search_ = new dlgSearch(*this, *richTextBox1_, searched_);
+        search_->Show();
+    }
+    search_->Raise();
+    search_->TakeFocus();
+}
+
+void TextPage::FindNext() {
+    if (searched_.text.empty()) {
+        ShowSearch();
+    } else if (!richTextBox1_->FindNext(searched_)) {
+        run_([](EditorContext& context) { context.ui.ShowStatus("Not found"); });
+    }
+}
+
+void TextPage::AskForLine() {
+    const int lines = richTextBox1_->GetLineCount();
+    const std::string current = std::to_string(richTextBox1_->GetCurrentLine() + 1);
+    std::string entered;
+    run_([&](EditorContext& context) {
+        entered = context.ui.AskForText(fmt::format("Line number (1 to {}):", lines), "Go to Line", current);
+    });
+    long line = 0;
+    if (ToWx(entered).Trim().Trim(false).ToLong(&line)) {
+        richTextBox1_->GoToLine(static_cast<int>(std::clamp<long>(line, 1, lines)));
+        richTextBox1_->SetFocus();
+    }
+}
+
+// --- keys and the menu of the right pointer button
+
+void TextPage::OnKey(wxKeyEvent& event) {
+    const TextCommand command = TextCommandOf(event);
+    if (command == TextCommand::None || (IsForText(command) && !richTextBox1_->HasFocus())) {
+        event.Skip();
+    } else {
+        Do(command);
+    }
+}
+
+void TextPage::OnContextMenu(wxContextMenuEvent& event) {
+    const TextCommand command = AskForTextCommand(*richTextBox1_, event.GetPosition());
+    if (command != TextCommand::None) Do(command);
+}
+
+void TextPage::Do(TextCommand command) {
+    switch (command) {
+    case TextCommand::None: break;
+    case TextCommand::Find: ShowSearch(); break;
+    case TextCommand::FindNext: FindNext(); break;
+    case TextCommand::GoToLine: AskForLine(); break;
+    default: DoInText(*richTextBox1_, command); break;
+    }
 }
 
 } // namespace tamarind::editors

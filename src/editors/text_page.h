@@ -1,9 +1,12 @@
 #pragma once
 
 #include "editors/page_state.h"
+#include "editors/text_search.h"
+#include "session/editor_context.h"
 #include "session/editor_view.h"
 
 #include <wx/panel.h>
+#include <wx/weakref.h>
 
 #include <cstddef>
 #include <functional>
@@ -13,15 +16,20 @@
 class wxButton;
 class wxSplitterWindow;
 class wxStaticBox;
-class wxStyledTextCtrl;
 class wxTextCtrl;
 
 namespace tamarind::editors {
 
+class dlgSearch;
+class XmlText;
+enum class TextCommand;
+
 /// The page "Tamarind Editor": a game file's XML as plain text.
 class TextPage : public wxPanel {
 public:
-    explicit TextPage(wxWindow* parent);
+    /// `run` carries out a command and handles its errors; `onState` is called when StateText changes.
+    TextPage(wxWindow* parent, session::CommandRunner run, std::function<void()> onState);
+    ~TextPage() override;
 
     /// Replaces the whole text, unmodified, the caret at its start.
     /// As EditorView::FillEditorText tells.
@@ -37,6 +45,13 @@ public:
     [[nodiscard]] std::string Text() const;
     [[nodiscard]] bool IsModified() const;
     void SetSaved();
+    void Highlight();
+    [[nodiscard]] XmlText& Editor() { return *richTextBox1_; }
+
+    /// Opens the search dialog, or brings it to the front.
+    void ShowSearch();
+    /// The next match of what was searched for last; opens the dialog when nothing was.
+    void FindNext();
 
     /// A program's path; shown as this system writes paths.
     void SetFilePath(const std::string& path);
@@ -44,19 +59,30 @@ public:
 
     void ShowState(const PageState& state);
 
-private:
-    void SetUpEditor();
-    void FitScrollWidth();
-    void MakeRoomAtStart();
+    /// For the status line.
+    struct StateText {
+        std::string caret;    ///< "Line 3, Column 14"
+        std::string lineEnds; ///< "CR LF" or "LF"
+        std::string encoding;
+    };
+    [[nodiscard]] StateText State() const;
 
-    wxStaticBox* frame1_;
-    wxTextCtrl* text1_;
-    wxButton* command1_;
+private:
+    wxSizer* MakeTopRow();
+    void OnKey(wxKeyEvent& event);
+    void OnContextMenu(wxContextMenuEvent& event);
+    void Do(TextCommand command);
+    void AskForLine();
+
+    session::CommandRunner run_;
+    wxStaticBox* frame1_ = nullptr;
+    wxTextCtrl* text1_ = nullptr;
+    wxButton* command1_ = nullptr;
     wxSplitterWindow* splitter_ = nullptr;
     wxWindow* textSide_ = nullptr;
-    wxStyledTextCtrl* richTextBox1_;
-    int fittedWidth_ = 0;
-    bool isPainted_ = true; ///< since the text was set
+    XmlText* richTextBox1_ = nullptr;
+    TextRequest searched_; ///< last
+    wxWeakRef<dlgSearch> search_;
 };
 
 } // namespace tamarind::editors

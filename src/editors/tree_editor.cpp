@@ -3,11 +3,14 @@
 #include "editors/document_commands.h"
 #include "text/search.h"
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace tamarind::editors {
 
 using document::clsNode;
+using document::Edit;
 using document::NodeKey;
 using document::OpenDocument;
 using platform::Answer;
@@ -39,10 +42,25 @@ document::clsNodeAttribute* ChosenAttribute(EditorContext& context) {
     return &context.document.SelectedNode->NodeAttributes.Item(static_cast<std::size_t>(index) + 1);
 }
 
-void Deselect(EditorContext& context) {
-    context.document.SelectedNode = nullptr;
-    context.document.canCopy = false;
-    context.view.EnableAttributeArea(false);
+/// For undo. Rows that come, go or get another name end a search.
+void Remember(EditorContext& context, Edit edit) {
+    const bool isOfRows = edit.kind == Edit::Kind::Name || edit.kind == Edit::Kind::NodeAdded ||
+                          edit.kind == Edit::Kind::NodeRemoved || edit.kind == Edit::Kind::AllRemoved;
+    if (isOfRows) ++context.document.rowsChanges;
+    context.document.history.Add(std::move(edit));
+}
+
+void RememberAddedNode(EditorContext& context, clsNode& node, bool marksModified) {
+    Remember(context, {.kind = Edit::Kind::NodeAdded,
+                       .node = &node,
+                       .parent = node.ParentNode,
+                       .index = node.ParentNode->ChildNodes.Count(),
+                       .marksModified = marksModified,
+                       .keyCounter = context.document.KeyCounter});
+}
+
+std::size_t ChosenPosition(EditorContext& context) {
+    return static_cast<std::size_t>(context.view.SelectedAttribute()) + 1;
 }
 
 void DeleteTop(EditorContext& context) {
@@ -50,20 +68,31 @@ void DeleteTop(EditorContext& context) {
                  "Confirm Primary node deletion.")) {
         return;
     }
+    auto& open = context.document;
     context.view.ClearTree();
-    context.document.document = document::Document();
-    context.document.KeyCounter = 0;
-    Deselect(context);
+    Edit edit{.kind = Edit::Kind::AllRemoved, .marksModified = true, .keyCounter = open.KeyCounter};
+    edit.removed = std::make_unique<document::Document>(std::move(open.document));
+    open.document = document::Document();
+    open.KeyCounter = 0;
+    Remember(context, std::move(edit));
+    ShowNoNode(context);
     SetModified(context, true);
 }
 
 } // namespace
+
+void ShowNoNode(EditorContext& context) {
+    context.document.SelectedNode = nullptr;
+    context.document.canCopy = false;
+    context.view.EnableAttributeArea(false);
+}
 
 void FindNodeByKey(OpenDocument& open, NodeKey key) {
     open.SelectedNode = document::FindChildByKey(open.document.Root(), key);
 }
 
 void ClickRow(EditorContext& context, NodeKey key) {
+    context.document.history.EndTyping();
     context.view.EnableAttributeArea(true);
     context.view.EnableAttributeEditing(false);
     FindNodeByKey(context.document, key);
@@ -84,6 +113,7 @@ void ClickRow(EditorContext& context, NodeKey key) {
 void ClickAttribute(EditorContext& context) {
     const auto* const attribute = ChosenAttribute(context);
     if (attribute == nullptr) return;
+    context.document.history.EndTyping();
     context.view.ShowAttributeValue(std::string(attribute->AttribValue));
     context.view.EnableAttributeEditing(true);
 }
@@ -91,13 +121,25 @@ void ClickAttribute(EditorContext& context) {
 void EditAttributeValue(EditorContext& context, const std::string& value) {
     auto* const attribute = ChosenAttribute(context);
     if (attribute == nullptr) return;
+    Remember(context, {.kind = Edit::Kind::AttributeValue,
+                       .node = context.document.SelectedNode,
+                       .index = ChosenPosition(context),
+                       .before = std::string(attribute->AttribValue),
+                       .after = value,
+                       .marksModified = true});
     context.document.document.SetAttributeValue(*attribute, value);
     SetModified(context, true);
 }
 
 void EditCharacters(EditorContext& context, const std::string& text) {
-    if (context.document.SelectedNode == nullptr) return;
-    context.document.document.SetCharacters(*context.document.SelectedNode, text);
+    clsNode* const node = context.document.SelectedNode;
+    if (node == nullptr) return;
+    Remember(context, {.kind = Edit::Kind::Characters,
+                       .node = node,
+                       .before = std::string(node->NodeCharacters),
+                       .after = text,
+                       .marksModified = true});
+    context.document.document.SetCharacters(*node, text);
     SetModified(context, true);
 }
 
@@ -122,12 +164,23 @@ void AddAttribute(EditorContext& context) {
     const auto added = context.view.AskForAttribute();
     if (!added) return;
     context.document.document.AddAttribute(*node, added->name, added->value);
+    Remember(context, {.kind = Edit::Kind::AttributeAdded,
+                       .node = node,
+                       .index = node->NodeAttributes.Count(),
+                       .after = added->value,
+                       .name = added->name});
     context.view.AppendAttributeName(added->name);
 }
 
 void RemoveAttribute(EditorContext& context) {
-    if (ChosenAttribute(context) == nullptr) return;
+    const auto* const attribute = ChosenAttribute(context);
+    if (attribute == nullptr) return;
     const int index = context.view.SelectedAttribute();
+    Remember(context, {.kind = Edit::Kind::AttributeRemoved,
+                       .node = context.document.SelectedNode,
+                       .index = ChosenPosition(context),
+                       .after = std::string(attribute->AttribValue),
+                       .name = std::string(attribute->AttribName)});
     context.document.SelectedNode->NodeAttributes.Remove(static_cast<std::size_t>(index) + 1);
     context.view.RemoveAttributeName(index);
     context.view.ShowAttributeValue("");
@@ -145,6 +198,12 @@ void RenameAttribute(EditorContext& context) {
         ShowRefusal(context.ui, "No spaces are allowed to be used in the attribute's name", "Invalid Character");
         return;
     }
+    Remember(context, {.kind = Edit::Kind::AttributeName,
+                       .node = context.document.SelectedNode,
+                       .index = ChosenPosition(context),
+                       .before = oldName,
+                       .after = newName,
+                       .marksModified = true});
     context.document.document.SetAttributeName(*attribute, newName);
     context.view.SetAttributeName(context.view.SelectedAttribute(), newName);
     SetModified(context, true);
@@ -160,13 +219,15 @@ void NewNode(EditorContext& context) {
     auto& open = context.document;
     if (PrepareNodePopUp(open).newCaption == kNewPrimaryNode) {
         open.KeyCounter = kTopKey;
-        const clsNode& top = open.document.AddNode(open.document.Root(), "PrimaryNode", "", kTopKey);
+        clsNode& top = open.document.AddNode(open.document.Root(), "PrimaryNode", "", kTopKey);
+        RememberAddedNode(context, top, true);
         context.view.AddRow(top);
         context.view.EditRowLabel(top);
     } else {
         if (open.SelectedNode == nullptr) return;
         ++open.KeyCounter;
-        const clsNode& child = open.document.AddNode(*open.SelectedNode, "ChildNode", "", open.KeyCounter);
+        clsNode& child = open.document.AddNode(*open.SelectedNode, "ChildNode", "", open.KeyCounter);
+        RememberAddedNode(context, child, true);
         context.view.AddRow(child);
         context.view.EditRowLabel(child);
     }
@@ -182,14 +243,20 @@ bool FinishLabelEdit(EditorContext& context, const std::string& name) {
         ShowRefusal(context.ui, "Node names cannot have spaces!", "Invalid character");
         return false;
     }
-    if (context.document.SelectedNode == nullptr) return false;
-    context.document.document.SetName(*context.document.SelectedNode, name);
+    clsNode* const node = context.document.SelectedNode;
+    if (node == nullptr) return false;
+    Remember(context, {.kind = Edit::Kind::Name,
+                       .node = node,
+                       .before = std::string(node->NodeName),
+                       .after = name,
+                       .marksModified = true});
+    context.document.document.SetName(*node, name);
     SetModified(context, true);
     return true;
 }
 
 void DeleteNode(EditorContext& context) {
-    const clsNode* const node = context.document.SelectedNode;
+    clsNode* const node = context.document.SelectedNode;
     if (node == nullptr) return;
     if (node->Key == kTopKey) {
         DeleteTop(context);
@@ -200,8 +267,14 @@ void DeleteNode(EditorContext& context) {
         return;
     }
     context.view.RemoveRow(*node);
-    node->ParentNode->ChildNodes.Remove(node->NodeKeyText());
-    Deselect(context);
+    const std::size_t position = node->ParentNode->ChildNodes.PositionOf(node->Key);
+    node->ParentNode->ChildNodes.Remove(position);
+    Remember(context, {.kind = Edit::Kind::NodeRemoved,
+                       .node = node,
+                       .parent = node->ParentNode,
+                       .index = position,
+                       .marksModified = true});
+    ShowNoNode(context);
     SetModified(context, true);
 }
 
@@ -217,7 +290,8 @@ void CopySelectedNode(EditorContext& context) {
 void PasteNode(EditorContext& context) {
     auto& open = context.document;
     if (open.SelectedNode == nullptr || open.clipboard.IsEmpty()) return;
-    const clsNode& copy = document::CopyNode(open.clipboard.Top(), open.document, *open.SelectedNode, open.KeyCounter);
+    clsNode& copy = document::CopyNode(open.clipboard.Top(), open.document, *open.SelectedNode, open.KeyCounter);
+    RememberAddedNode(context, copy, false);
     context.view.AddRow(copy);
 }
 

@@ -10,6 +10,8 @@ namespace tamarind::editors {
 /// Makes the node with that key the selected one; none when there is no such node.
 void FindNodeByKey(document::OpenDocument& open, document::NodeKey key);
 
+/// No node is selected; the attribute area is off.
+void ShowNoNode(session::EditorContext& context);
 void ClickRow(session::EditorContext& context, document::NodeKey key);
 void ClickAttribute(session::EditorContext& context);
 void EditAttributeValue(session::EditorContext& context, const std::string& value);

@@ -10,6 +10,9 @@ namespace tamarind::platform {
 /// Whether a person reads standard error as it is written, on a terminal that can write over a line.
 [[nodiscard]] bool StandardErrorIsTerminal();
 
+/// Whether text may be coloured: the variable NO_COLOR is missing or empty.
+[[nodiscard]] bool WantsColours();
+
 /// The program's arguments as UTF-8, without its own name, whatever code page main() was given them in. Also makes the
 /// console show UTF-8.
 [[nodiscard]] std::vector<std::string> ProgramArguments(int count, char** arguments);

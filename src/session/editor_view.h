@@ -61,6 +61,11 @@ public:
     /// Whether the person has changed the text since it was set or saved.
     [[nodiscard]] virtual bool IsEditorTextModified() const = 0;
     virtual void SetEditorTextSaved() = 0;
+    /// Colours the text as XML; its characters and what can be undone stay as they are. The caret goes behind the first
+    /// character.
+    virtual void HighlightEditorText() = 0;
+    /// The dialog that searches the text; one that is open comes to the front.
+    virtual void ShowTextSearch() = 0;
     /// The open file's path in Text1 and Label2.
     virtual void ShowFilePath(const std::string& path) = 0;
     /// What stands in Text1 now.
@@ -70,11 +75,21 @@ public:
     /// Rows for the whole document, the top one expanded, none selected.
     virtual void ShowTree(const document::Document& document) = 0;
     virtual void ClearTree() = 0;
-    /// A row for a node that was just appended to its parent, with rows for all below it.
+    /// A row for a node that was just put among its parent's children, with rows for all below it.
     virtual void AddRow(const document::clsNode& node) = 0;
     /// Before the node is taken out of its parent.
     virtual void RemoveRow(const document::clsNode& node) = 0;
     virtual void EditRowLabel(const document::clsNode& node) = 0;
+    /// The node's name was changed.
+    virtual void ShowRowName(const document::clsNode& node) = 0;
+    /// Selects the row and brings it into view, without a click on it.
+    virtual void SelectRow(const document::clsNode& node) = 0;
+    /// Shows these rows in bold, in addition to those that are.
+    virtual void MarkRows(const std::vector<const document::clsNode*>& nodes) = 0;
+    /// No row is bold any more.
+    virtual void UnmarkRows() = 0;
+    /// Asks, when a row was found, whether to go on searching.
+    [[nodiscard]] virtual bool AskToGoOn() = 0;
 
     // The attribute area.
     /// Everything in it; disabling also empties it.
@@ -86,6 +101,7 @@ public:
     virtual void RemoveAttributeName(int index) = 0;
     virtual void SetAttributeName(int index, const std::string& name) = 0;
     [[nodiscard]] virtual int SelectedAttribute() const = 0;
+    virtual void SelectAttribute(int index) = 0;
     virtual void ShowAttributeValue(const std::string& value) = 0;
     virtual void ShowCharacters(const std::string& text) = 0;
     /// Nothing when the dialog was cancelled.
@@ -94,6 +110,9 @@ public:
     // Windows of the tools. They stay open beside the main window and close with it.
     /// Opens the routes window for the job that the session's RouteState names; one that is open comes to the front.
     virtual void ShowRoutes() = 0;
+    virtual void ShowAbout() = 0;
+    /// The help's table of contents. `file` is a program's path, whether it exists or not.
+    virtual void ShowHelp(const std::string& file) = 0;
 };
 
 } // namespace tamarind::session

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] std::string EditorText() const override { return text_; }
     [[nodiscard]] bool IsEditorTextModified() const override { return false; }
     void SetEditorTextSaved() override {}
+    void HighlightEditorText() override {}
+    void ShowTextSearch() override {}
     void ShowFilePath(const std::string& path) override { filePath_ = path; }
     [[nodiscard]] std::string FilePath() const override { return filePath_; }
     void ShowTree(const document::Document&) override {}
@@ -34,6 +36,11 @@ public:
     void AddRow(const document::clsNode&) override {}
     void RemoveRow(const document::clsNode&) override {}
     void EditRowLabel(const document::clsNode&) override {}
+    void ShowRowName(const document::clsNode&) override {}
+    void SelectRow(const document::clsNode&) override {}
+    void MarkRows(const std::vector<const document::clsNode*>&) override {}
+    void UnmarkRows() override {}
+    [[nodiscard]] bool AskToGoOn() override { return true; }
     void EnableAttributeArea(bool) override {}
     void EnableAttributeEditing(bool) override {}
     void ShowAttributeNames(const std::vector<std::string>&) override {}
@@ -41,10 +48,13 @@ public:
     void RemoveAttributeName(int) override {}
     void SetAttributeName(int, const std::string&) override {}
     [[nodiscard]] int SelectedAttribute() const override { return -1; }
+    void SelectAttribute(int) override {}
     void ShowAttributeValue(const std::string&) override {}
     void ShowCharacters(const std::string&) override {}
     [[nodiscard]] std::optional<NewAttribute> AskForAttribute() override { return std::nullopt; }
     void ShowRoutes() override {}
+    void ShowAbout() override {}
+    void ShowHelp(const std::string&) override {}
 
 private:
     std::string caption_;

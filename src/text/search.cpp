@@ -64,15 +64,6 @@ bool StandsAt(const char* text, std::string_view key) {
     return true;
 }
 
-/// The number of bytes at the front of `text` that equal the key; 0 when they differ.
-std::size_t MatchLength(std::string_view text, std::string_view key) {
-    const std::size_t size = text.size();
-    while (!key.empty()) {
-        if (text.empty() || TakeLower(text) != TakeLower(key)) return 0;
-    }
-    return size - text.size();
-}
-
 /// Moves over the text by the skips of the key, so that most bytes are not looked at.
 std::size_t FindAscii(std::string_view text, const FoldedKey& key, std::size_t from) {
     const std::size_t last = key.Text().size() - 1;
@@ -93,13 +84,21 @@ std::size_t FindAscii(std::string_view text, const FoldedKey& key, std::size_t f
 std::size_t FindLetters(std::string_view text, std::string_view key, std::size_t from) {
     std::string_view rest = text.substr(from);
     while (!rest.empty()) {
-        if (MatchLength(rest, key) > 0) return text.size() - rest.size();
+        if (MatchLengthNoCase(rest, key) > 0) return text.size() - rest.size();
         static_cast<void>(TakeCodePoint(rest));
     }
     return kNone;
 }
 
 } // namespace
+
+std::size_t MatchLengthNoCase(std::string_view text, std::string_view key) {
+    const std::size_t size = text.size();
+    while (!key.empty()) {
+        if (text.empty() || TakeLower(text) != TakeLower(key)) return 0;
+    }
+    return size - text.size();
+}
 
 std::size_t Find(std::string_view text, std::string_view key, std::size_t start) {
     if (start == 0) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
@@ -147,7 +146,7 @@ std::size_t FindLastNoCase(std::string_view text, std::string_view key, std::siz
     const std::string_view before = text.substr(0, std::min(end, text.size()));
     if (!FoldedKey(key).IsAscii()) {
         for (std::size_t at = before.size(); at > 0; --at) {
-            if (MatchLength(before.substr(at - 1), key) > 0) return at;
+            if (MatchLengthNoCase(before.substr(at - 1), key) > 0) return at;
         }
         return 0;
     }
@@ -164,7 +163,7 @@ std::string ReplaceAllNoCase(std::string_view text, std::string_view key, std::s
     std::size_t from = 1;
     for (std::size_t hit = FindNoCase(text, folded); hit != 0; hit = FindNoCase(text, folded, from)) {
         result.append(text.substr(from - 1, hit - from)).append(replacement);
-        from = hit + (folded.IsAscii() ? key.size() : MatchLength(text.substr(hit - 1), key));
+        from = hit + (folded.IsAscii() ? key.size() : MatchLengthNoCase(text.substr(hit - 1), key));
     }
     return result.append(text.substr(from - 1));
 }
@@ -187,7 +186,7 @@ std::string ToLower(std::string_view text) {
 bool EqualNoCase(std::string_view left, std::string_view right) { return CompareNoCase(left, right) == 0; }
 
 bool StartsWithNoCase(std::string_view text, std::string_view beginning) {
-    return beginning.empty() || MatchLength(text, beginning) > 0;
+    return beginning.empty() || MatchLengthNoCase(text, beginning) > 0;
 }
 
 bool EndsWithNoCase(std::string_view text, std::string_view ending) {

@@ -69,6 +69,9 @@ private:
 [[nodiscard]] std::size_t FindNoCase(std::string_view text, const FoldedKey& key, std::size_t start = 1);
 [[nodiscard]] std::size_t FindNoCase(std::string_view text, std::string_view key, std::size_t start = 1);
 
+/// The number of bytes at the front of `text` that equal the key without regard to letter case; 0 when they differ.
+[[nodiscard]] std::size_t MatchLengthNoCase(std::string_view text, std::string_view key);
+
 /// FindLast without regard to letter case.
 [[nodiscard]] std::size_t FindLastNoCase(std::string_view text, std::string_view key,
                                          std::size_t end = std::string_view::npos);

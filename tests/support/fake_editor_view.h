@@ -12,7 +12,9 @@ namespace tamarind::tests {
 class FakeEditorView : public session::HeadlessView {
 public:
     /// Rows and pages, in order: "ShowTree", "ClearTree", "AddRow nod2", "RemoveRow nod2", "EditRowLabel nod2",
-    /// "ShowPage text", "ShowPage tree", "SetGeometry", "ShowWindow", "CloseWindow", "ShowRoutes".
+    /// "ShowPage text", "ShowPage tree", "SetGeometry", "ShowWindow", "CloseWindow", "ShowRoutes", "ShowAbout",
+    /// "ShowHelp C:\\Kit\\Tamarind.chm", "ShowRowName nod2", "SelectRow nod2", "MarkRow nod2", "UnmarkRows",
+    /// "HighlightEditorText", "ShowTextSearch".
     std::vector<std::string> calls;
 
     session::Page page = session::Page::Text;
@@ -25,6 +27,8 @@ public:
     std::string characters;
     std::optional<session::NewAttribute> newAttribute; ///< what the dialog returns
     int updates = 0;                                   ///< of menus and buttons
+    int goOnTimes = 0;                                 ///< how often AskToGoOn is answered with Yes, then No
+    std::function<void()> onAskToGoOn;                 ///< called while that dialog is open
 
     /// As a person who changes the text.
     void TypeText(const std::string& text) {
@@ -55,6 +59,22 @@ public:
     void AddRow(const document::clsNode& node) override { calls.push_back("AddRow " + node.NodeKeyText()); }
     void RemoveRow(const document::clsNode& node) override { calls.push_back("RemoveRow " + node.NodeKeyText()); }
     void EditRowLabel(const document::clsNode& node) override { calls.push_back("EditRowLabel " + node.NodeKeyText()); }
+    void ShowRowName(const document::clsNode& node) override { calls.push_back("ShowRowName " + node.NodeKeyText()); }
+    void SelectRow(const document::clsNode& node) override { calls.push_back("SelectRow " + node.NodeKeyText()); }
+    void MarkRows(const std::vector<const document::clsNode*>& nodes) override {
+        for (const document::clsNode* const node : nodes)
+            calls.push_back("MarkRow " + node->NodeKeyText());
+    }
+    void UnmarkRows() override { calls.emplace_back("UnmarkRows"); }
+    [[nodiscard]] bool AskToGoOn() override {
+        calls.emplace_back("AskToGoOn");
+        if (onAskToGoOn) onAskToGoOn();
+        return goOnTimes-- > 0;
+    }
+    void HighlightEditorText() override { calls.emplace_back("HighlightEditorText"); }
+    void ShowTextSearch() override { calls.emplace_back("ShowTextSearch"); }
+    void ShowAbout() override { calls.emplace_back("ShowAbout"); }
+    void ShowHelp(const std::string& file) override { calls.push_back("ShowHelp " + file); }
 
     void EnableAttributeArea(bool enabled) override {
         isAreaEnabled = isEditingEnabled = enabled;
@@ -79,6 +99,7 @@ public:
         attributeNames[static_cast<std::size_t>(index)] = name;
     }
     [[nodiscard]] int SelectedAttribute() const override { return selectedAttribute; }
+    void SelectAttribute(int index) override { selectedAttribute = index; }
     void ShowAttributeValue(const std::string& value) override { attributeValue = value; }
     void ShowCharacters(const std::string& text) override { characters = text; }
     [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override { return newAttribute; }

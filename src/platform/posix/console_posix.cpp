@@ -37,6 +37,12 @@ bool StandardErrorIsTerminal() {
     return isatty(STDERR_FILENO) == 1 && terminal != nullptr && std::string_view(terminal) != "dumb";
 }
 
+bool WantsColours() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing changes the environment
+    const char* const noColour = std::getenv("NO_COLOR");
+    return noColour == nullptr || *noColour == '\0';
+}
+
 std::vector<std::string> ProgramArguments(int count, char** arguments) {
     return count < 1 ? std::vector<std::string>() : std::vector<std::string>(arguments + 1, arguments + count);
 }

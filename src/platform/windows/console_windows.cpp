@@ -35,6 +35,8 @@ bool StandardErrorIsTerminal() {
     return GetConsoleMode(handle, &mode) != 0 && SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
+bool WantsColours() { return GetEnvironmentVariableW(L"NO_COLOR", nullptr, 0) <= 1; }
+
 // main() gets them in the system's code page, which has no letters for most names.
 std::vector<std::string> ProgramArguments(int, char**) {
     SetConsoleOutputCP(CP_UTF8);
