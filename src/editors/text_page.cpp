@@ -68,9 +68,7 @@ TextPage::TextPage(wxWindow* parent, session::CommandRunner run, std::function<v
     Bind(wxEVT_CHAR_HOOK, &TextPage::OnKey, this);
 }
 
-TextPage::~TextPage() {
-    if (search_) search_->Destroy();
-}
+TextPage::~TextPage() = default;
 
 wxSizer* TextPage::MakeTopRow() {
     auto* const row = new wxBoxSizer(wxHORIZONTAL);

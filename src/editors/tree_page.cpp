@@ -52,6 +52,7 @@ TreePage::TreePage(wxWindow* parent, Run run, std::function<void()> popUp) : wxP
     SetSizer(outer);
     BindAttributeEvents();
     EnableAttributeArea(false);
+    Bind(wxEVT_CHAR_HOOK, &TreePage::OnKey, this);
 }
 
 wxSizer* TreePage::MakeTreeColumn(wxWindow* box, std::function<void()> popUp) {
@@ -121,23 +122,29 @@ wxSizer* TreePage::MakeSearchFrame(wxWindow* box) {
     const int gap = FromDIP(kGap);
     auto* const frame = new wxStaticBoxSizer(wxVERTICAL, box, "Search");
     wxStaticBox* const frame3 = Named(frame->GetStaticBox(), "Frame3");
-    const auto makeButton = [frame3](const char* caption, const char* name) {
-        return Named(new wxButton(frame3, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT), name);
+    const auto makeButton = [this, frame3](const char* caption, const char* name, void (TreePage::*handler)()) {
+        auto* const button = new wxButton(frame3, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+        button->Bind(wxEVT_BUTTON, [this, handler](wxCommandEvent&) { (this->*handler)(); });
+        return Named(button, name);
     };
-    frame->Add(Named(new wxTextCtrl(frame3, wxID_ANY), "Text2"), wxSizerFlags().Expand().Border(wxALL, gap));
+    text2_ = Named(new wxTextCtrl(frame3, wxID_ANY), "Text2");
+    text2_->SetToolTip("What to look for");
+    frame->Add(text2_, wxSizerFlags().Expand().Border(wxALL, gap));
     auto* const finds = new wxBoxSizer(wxHORIZONTAL);
-    finds->Add(makeButton("Find", "Command2"), wxSizerFlags(1).Border(wxRIGHT, gap));
-    finds->Add(makeButton("Find All", "Command3"), wxSizerFlags(1).Border(wxRIGHT, gap));
-    finds->Add(makeButton("Find in Text", "Command4"), wxSizerFlags(1).Border(wxRIGHT, gap));
+    finds->Add(makeButton("Find", "Command2", &TreePage::Command2_Click), wxSizerFlags(1).Border(wxRIGHT, gap));
+    finds->Add(makeButton("Find All", "Command3", &TreePage::Command3_Click), wxSizerFlags(1).Border(wxRIGHT, gap));
+    finds->Add(makeButton("Find in Text", "Command4", &TreePage::Command4_Click), wxSizerFlags(1).Border(wxRIGHT, gap));
     frame->Add(finds, wxSizerFlags().Expand().Border(wxLEFT, gap));
-    frame->Add(Named(new wxTextCtrl(frame3, wxID_ANY), "Text3"), wxSizerFlags().Expand().Border(wxALL, gap));
+    text3_ = Named(new wxTextCtrl(frame3, wxID_ANY), "Text3");
+    text3_->SetToolTip("What to put in its place");
+    frame->Add(text3_, wxSizerFlags().Expand().Border(wxALL, gap));
     auto* const replaces = new wxBoxSizer(wxHORIZONTAL);
-    replaces->Add(makeButton("Replace", "Command5"), wxSizerFlags(1).Border(wxRIGHT, gap));
-    replaces->Add(makeButton("Replace All", "Command6"), wxSizerFlags(1).Border(wxRIGHT, gap));
-    replaces->Add(Named(new wxCheckBox(frame3, wxID_ANY, "Whole Word Only"), "Check1"),
-                  wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
+    replaces->Add(makeButton("Replace", "Command5", &TreePage::Command5_Click), wxSizerFlags(1).Border(wxRIGHT, gap));
+    replaces->Add(makeButton("Replace All", "Command6", &TreePage::Command6_Click),
+                  wxSizerFlags(1).Border(wxRIGHT, gap));
+    check1_ = Named(new wxCheckBox(frame3, wxID_ANY, "Whole Word Only"), "Check1");
+    replaces->Add(check1_, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
     frame->Add(replaces, wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM, gap));
-    frame3->Disable();
     return frame;
 }
 
@@ -201,6 +208,8 @@ void TreePage::SetAttributeName(int index, const std::string& name) {
 }
 
 int TreePage::SelectedAttribute() const { return lstAttributes_->GetSelection(); }
+
+void TreePage::SelectAttribute(int index) { lstAttributes_->SetSelection(index); }
 
 void TreePage::ShowAttributeValue(const std::string& value) { txtAttributeValue_->ChangeValue(ToWx(value)); }
 

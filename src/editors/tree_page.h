@@ -2,6 +2,7 @@
 
 #include "editors/page_state.h"
 #include "editors/tree_rows_page.h"
+#include "editors/tree_search.h"
 #include "session/editor_context.h"
 
 #include <wx/panel.h>
@@ -11,6 +12,7 @@
 #include <vector>
 
 class wxButton;
+class wxCheckBox;
 class wxListBox;
 class wxSizer;
 class wxStaticBox;
@@ -38,7 +40,13 @@ public:
     void SetAttributeName(int index, const std::string& name);
     [[nodiscard]] int SelectedAttribute() const;
     void ShowAttributeValue(const std::string& value);
+    void SelectAttribute(int index);
     void ShowCharacters(const std::string& text);
+
+    /// What the button "Find" does.
+    void FindNext() { Command2_Click(); }
+    /// Writes where the selected element stands to the clipboard.
+    void CopyPath();
 
 private:
     wxSizer* MakeTreeColumn(wxWindow* box, std::function<void()> popUp);
@@ -46,6 +54,18 @@ private:
     wxSizer* MakeCharactersFrame(wxWindow* box);
     wxSizer* MakeSearchFrame(wxWindow* box);
     void BindAttributeEvents();
+    void OnKey(wxKeyEvent& event);
+    /// True when the key was one of the page's own.
+    bool DoKey(const wxKeyEvent& event);
+    bool DoKeyOfRows(const wxKeyEvent& event);
+
+    [[nodiscard]] SearchRequest Request() const;
+    [[nodiscard]] std::string Replacement() const;
+    void Command2_Click();
+    void Command3_Click();
+    void Command4_Click();
+    void Command5_Click();
+    void Command6_Click();
 
     Run run_;
     wxStaticBox* frame2_ = nullptr;
@@ -62,6 +82,9 @@ private:
     wxStaticBox* fraChars_ = nullptr;
     wxStaticText* lblText_ = nullptr;
     wxTextCtrl* txtCharacters_ = nullptr;
+    wxTextCtrl* text2_ = nullptr;
+    wxTextCtrl* text3_ = nullptr;
+    wxCheckBox* check1_ = nullptr;
 };
 
 } // namespace tamarind::editors

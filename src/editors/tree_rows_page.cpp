@@ -2,6 +2,7 @@
 
 #include "platform/wx/wx_text.h"
 
+#include <wx/app.h>
 #include <wx/stopwatch.h>
 #include <wx/wupdlock.h>
 
@@ -17,18 +18,25 @@ using platform::ToWx;
 namespace {
 
 constexpr long kSliceMilliseconds = 20;
+constexpr long kMarkMilliseconds = 100;
 /// Rows between two looks at the clock.
 constexpr std::size_t kRowsPerLook = 256;
 /// The control measures new rows only afterwards, which takes far longer than adding them.
 constexpr std::size_t kRowsPerSlice = 2048;
 
+/// Takes its row out of the table when the control deletes it.
 class RowData : public wxTreeItemData {
 public:
-    explicit RowData(const clsNode& node) : node_(node) {}
+    using Rows = std::unordered_map<const clsNode*, wxTreeItemId>;
+    RowData(const clsNode& node, Rows& rows) : node_(node), rows_(rows) {}
+    ~RowData() override { rows_.erase(&node_); }
+    RowData(const RowData&) = delete;
+    RowData& operator=(const RowData&) = delete;
     [[nodiscard]] const clsNode& Node() const { return node_; }
 
 private:
     const clsNode& node_;
+    Rows& rows_;
 };
 
 std::size_t IndexInParent(const clsNode& node) {
@@ -67,6 +75,8 @@ TreeRows::TreeRows(wxWindow* parent, Handlers handlers)
     Bind(wxEVT_IDLE, &TreeRows::OnIdle, this);
 }
 
+TreeRows::~TreeRows() { Clear(); }
+
 void TreeRows::ShowDocument(const document::Document& document) {
     Clear();
     if (document.IsEmpty()) return;
@@ -78,6 +88,9 @@ void TreeRows::ShowDocument(const document::Document& document) {
 void TreeRows::Clear() {
     const Guard guard(isChanging_);
     filling_.clear();
+    expanding_.clear();
+    marked_.clear();
+    rows_.clear();
     clicked_.Unset();
     DeleteAllItems();
 }
@@ -89,14 +102,17 @@ void TreeRows::AddNode(const clsNode& node) {
         return;
     }
     const wxTreeItemId parent = RowOf(*node.ParentNode);
+    const std::size_t index = IndexInParent(node);
+    Filling* const filling = FillingOf(parent);
     if (ItemHasChildren(parent) && !HasRowsBelow(parent)) {
         // Never expanded: expanding adds the new child with the others.
         Expand(parent);
         FillUpTo(parent, node);
-    } else if (FillingOf(parent) != nullptr) {
+    } else if (filling != nullptr && index >= filling->nextChild) {
         FillUpTo(parent, node);
     } else {
-        Append(parent, node);
+        if (filling != nullptr) ++filling->nextChild;
+        Insert(parent, node, index);
         SetItemHasChildren(parent);
         Expand(parent);
     }
@@ -107,6 +123,7 @@ void TreeRows::RemoveNode(const clsNode& node) {
     const wxTreeItemId row = RowOf(node);
     if (!row.IsOk()) return;
     const wxTreeItemId parent = GetItemParent(row);
+    expanding_.clear();
     // The row's own and its descendants' pending children go with it.
     std::erase_if(filling_, [&](const Filling& filling) {
         wxTreeItemId above = filling.row;
@@ -131,30 +148,47 @@ void TreeRows::EditNode(const clsNode& node) {
     EditLabel(row);
 }
 
+void TreeRows::ShowName(const clsNode& node) {
+    const wxTreeItemId row = MadeRow(node);
+    if (row.IsOk()) SetItemText(row, ToWx(node.NodeName));
+}
+
+wxTreeItemId TreeRows::MadeRow(const clsNode& node) const {
+    const auto found = rows_.find(&node);
+    return found == rows_.end() ? wxTreeItemId() : found->second;
+}
+
 wxTreeItemId TreeRows::RowOf(const clsNode& node) {
-    std::vector<const clsNode*> path;
-    for (const clsNode* step = &node; step->ParentNode != nullptr; step = step->ParentNode)
-        path.push_back(step);
-    wxTreeItemId row = GetRootItem();
-    if (path.empty() || !row.IsOk() || NodeOf(row) != path.back()) return {};
-    for (auto step = path.rbegin() + 1; step != path.rend(); ++step) {
-        FillUpTo(row, **step);
-        wxTreeItemIdValue cookie = nullptr;
-        wxTreeItemId child = GetFirstChild(row, cookie);
-        while (child.IsOk() && NodeOf(child) != *step)
-            child = GetNextChild(row, cookie);
-        if (!child.IsOk()) return {};
-        row = child;
+    std::vector<const clsNode*> missing;
+    const clsNode* step = &node;
+    for (; step->ParentNode != nullptr && !MadeRow(*step).IsOk(); step = step->ParentNode)
+        missing.push_back(step);
+    wxTreeItemId row = MadeRow(*step);
+    for (auto below = missing.rbegin(); row.IsOk() && below != missing.rend(); ++below) {
+        FillUpTo(row, **below);
+        row = MadeRow(**below);
     }
     return row;
 }
 
 wxTreeItemId TreeRows::Append(const wxTreeItemId& parent, const clsNode& node) {
     const wxString name = ToWx(node.NodeName);
-    auto* const data = new RowData(node);
+    auto* const data = new RowData(node, rows_);
     const wxTreeItemId row = parent.IsOk() ? AppendItem(parent, name, -1, -1, data) : AddRoot(name, -1, -1, data);
-    if (node.ChildNodes.Count() > 0) SetItemHasChildren(row);
+    Prepare(row, node);
     return row;
+}
+
+wxTreeItemId TreeRows::Insert(const wxTreeItemId& parent, const clsNode& node, std::size_t index) {
+    const wxTreeItemId row = InsertItem(parent, index, ToWx(node.NodeName), -1, -1, new RowData(node, rows_));
+    Prepare(row, node);
+    return row;
+}
+
+void TreeRows::Prepare(const wxTreeItemId& row, const clsNode& node) {
+    rows_[&node] = row;
+    if (node.ChildNodes.Count() > 0) SetItemHasChildren(row);
+    if (!marked_.empty() && marked_.contains(&node)) SetItemBold(row);
 }
 
 void TreeRows::StartFilling(const wxTreeItemId& row) {
@@ -190,6 +224,81 @@ void TreeRows::FillSlice(Filling& filling) {
 void TreeRows::FillUpTo(const wxTreeItemId& row, const clsNode& child) {
     StartFilling(row);
     if (Filling* const filling = FillingOf(row)) Fill(*filling, IndexInParent(child) + 1);
+}
+
+void TreeRows::Select(const clsNode& node) {
+    const Guard guard(isChanging_);
+    const wxTreeItemId row = RowOf(node);
+    if (!row.IsOk()) return;
+    EnsureVisible(row);
+    SelectItem(row);
+    clicked_ = row;
+}
+
+void TreeRows::Mark(const std::vector<const clsNode*>& nodes) {
+    const Guard guard(isChanging_);
+    const wxWindowUpdateLocker locker(this);
+    const wxStopWatch watch;
+    for (const clsNode* const node : nodes) {
+        marked_.insert(node);
+        const bool mayExpand = watch.Time() < kMarkMilliseconds && node->ParentNode->ParentNode != nullptr;
+        const wxTreeItemId row = mayExpand ? RowOf(*node) : MadeRow(*node);
+        if (!row.IsOk()) continue;
+        SetItemBold(row);
+        for (wxTreeItemId above = GetItemParent(row); mayExpand && above.IsOk() && !IsExpanded(above);
+             above = GetItemParent(above)) {
+            Expand(above);
+        }
+    }
+}
+
+void TreeRows::Unmark() {
+    const wxWindowUpdateLocker locker(this);
+    for (const clsNode* const node : marked_) {
+        const wxTreeItemId row = MadeRow(*node);
+        if (row.IsOk()) SetItemBold(row, false);
+    }
+    marked_.clear();
+}
+
+void TreeRows::ExpandEverything() {
+    expanding_.clear();
+    if (GetRootItem().IsOk()) expanding_.push_back(GetRootItem());
+    wxWakeUpIdle();
+}
+
+void TreeRows::CollapseEverything() {
+    const Guard guard(isChanging_);
+    expanding_.clear();
+    const wxTreeItemId top = GetRootItem();
+    if (!top.IsOk()) return;
+    CollapseAllChildren(top);
+    Expand(top);
+    EnsureVisible(top);
+    if (!GetSelection().IsOk()) return;
+    // A row that is out of sight now would be changed unseen.
+    SelectItem(top);
+    Click(top);
+}
+
+bool TreeRows::IsFilled(const wxTreeItemId& row) {
+    const Filling* const filling = FillingOf(row);
+    return filling == nullptr || filling->nextChild >= NodeOf(row)->ChildNodes.Count();
+}
+
+void TreeRows::ExpandSlice() {
+    const wxWindowUpdateLocker locker(this);
+    const wxStopWatch watch;
+    while (!expanding_.empty() && watch.Time() < kSliceMilliseconds) {
+        const wxTreeItemId row = expanding_.front();
+        if (!IsExpanded(row)) Expand(row);
+        if (!IsFilled(row)) return; // first its own children
+        expanding_.pop_front();
+        wxTreeItemIdValue cookie = nullptr;
+        for (wxTreeItemId child = GetFirstChild(row, cookie); child.IsOk(); child = GetNextChild(row, cookie)) {
+            if (ItemHasChildren(child)) expanding_.push_back(child);
+        }
+    }
 }
 
 const clsNode* TreeRows::NodeOf(const wxTreeItemId& row) const {
@@ -239,12 +348,16 @@ void TreeRows::OnExpanding(wxTreeEvent& event) {
 
 void TreeRows::OnIdle(wxIdleEvent& event) {
     event.Skip();
-    if (filling_.empty()) return;
+    if (filling_.empty() && expanding_.empty()) return;
     const Guard guard(isChanging_);
-    Filling& filling = filling_.front();
-    FillSlice(filling);
-    if (filling.nextChild >= NodeOf(filling.row)->ChildNodes.Count()) filling_.pop_front();
-    if (!filling_.empty()) event.RequestMore();
+    if (filling_.empty()) {
+        ExpandSlice();
+    } else {
+        Filling& filling = filling_.front();
+        FillSlice(filling);
+        if (filling.nextChild >= NodeOf(filling.row)->ChildNodes.Count()) filling_.pop_front();
+    }
+    if (!filling_.empty() || !expanding_.empty()) event.RequestMore();
 }
 
 // Ending an edit takes the focus from its box, which ends it once more: only the first end counts.

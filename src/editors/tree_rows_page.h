@@ -8,6 +8,9 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
 
 namespace tamarind::editors {
 
@@ -23,6 +26,7 @@ public:
     };
 
     TreeRows(wxWindow* parent, Handlers handlers);
+    ~TreeRows() override;
 
     void ShowDocument(const document::Document& document);
     void Clear();
@@ -30,6 +34,20 @@ public:
     /// Before the node is taken out of its parent.
     void RemoveNode(const document::clsNode& node);
     void EditNode(const document::clsNode& node);
+    void ShowName(const document::clsNode& node);
+
+    /// Selects a row and brings it into view; the handlers are not told.
+    void Select(const document::clsNode& node);
+    /// Shows rows in bold, also those that are made later, and expands what is above them as far as that takes no time.
+    void Mark(const std::vector<const document::clsNode*>& nodes);
+    void Unmark();
+
+    /// Expands every row, in slices between other events.
+    void ExpandEverything();
+    /// Leaves the top row and its children.
+    void CollapseEverything();
+    /// Whether a row's name is being edited.
+    [[nodiscard]] bool IsEditing() const { return isEditing_; }
 
     /// The row of a node, with all rows above it made on demand; not OK when there is none.
     [[nodiscard]] wxTreeItemId RowOf(const document::clsNode& node);
@@ -51,6 +69,12 @@ private:
     void OnIdle(wxIdleEvent& event);
 
     wxTreeItemId Append(const wxTreeItemId& parent, const document::clsNode& node);
+    wxTreeItemId Insert(const wxTreeItemId& parent, const document::clsNode& node, std::size_t index);
+    void Prepare(const wxTreeItemId& row, const document::clsNode& node);
+    /// The row that was made for a node; not OK when there is none yet.
+    [[nodiscard]] wxTreeItemId MadeRow(const document::clsNode& node) const;
+    [[nodiscard]] bool IsFilled(const wxTreeItemId& row);
+    void ExpandSlice();
     /// Adds the rows before `end` (from 0) that are not there yet.
     void Fill(Filling& filling, std::size_t end);
     /// Adds as many rows as nobody feels.
@@ -67,6 +91,9 @@ private:
     Handlers handlers_;
     wxTreeItemId clicked_;        ///< the row that the handlers know of
     std::deque<Filling> filling_; ///< rows whose children are not all there yet
+    std::deque<wxTreeItemId> expanding_; ///< rows that are to be expanded with all below them
+    std::unordered_map<const document::clsNode*, wxTreeItemId> rows_;
+    std::unordered_set<const document::clsNode*> marked_;
     bool isChanging_ = false;     ///< the program itself changes rows: selection events do not count
     bool isEditing_ = false;      ///< a row's name
     bool isNameAccepted_ = false; ///< the name of the last edit that ended

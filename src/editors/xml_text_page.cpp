@@ -66,9 +66,9 @@ bool IsDark(const wxColour& colour) { return colour.GetLuminance() < 0.5; }
 XmlText::XmlText(wxWindow* parent)
     : wxStyledTextCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE) {
     SetName("RichTextBox1");
-    ApplyAppearance();
     SetUpMargins();
     SetUpMarks();
+    ApplyAppearance();
     SetTabWidth(kTabWidth);
     SetScrollWidthTracking(true);
     // Colours are this control's own: the lexer only says which text has none yet.
@@ -128,7 +128,7 @@ void XmlText::SetUpMargins() {
                                            {wxSTC_MARKNUM_FOLDEROPENMID, wxSTC_MARK_BOXMINUSCONNECTED},
                                            {wxSTC_MARKNUM_FOLDERMIDTAIL, wxSTC_MARK_TCORNER}};
     for (const auto& [marker, symbol] : symbols)
-        MarkerSetSymbol(marker, symbol);
+        MarkerDefine(marker, symbol);
     FitLineNumbers();
 }
 

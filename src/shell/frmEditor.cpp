@@ -1,6 +1,9 @@
 #include "shell/frmEditor.h"
 
 #include "editors/tree_editor.h"
+#include "editors/tree_undo.h"
+#include "editors/xml_text_page.h"
+#include "platform/wx/file_drop.h"
 #include "platform/wx/front_window.h"
 #include "platform/wx/status_line.h"
 #include "platform/wx/window_icons.h"
@@ -13,9 +16,11 @@
 #include <wx/notebook.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
+#include <wx/statusbr.h>
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace tamarind::shell {
 
@@ -26,6 +31,12 @@ namespace {
 
 constexpr int kFirstItemId = wxID_HIGHEST + 1;
 const wxSize kDesignSize(1000, 700);
+
+/// Of the status line: what the commands tell, then of the text page the caret, the line ends and the encoding.
+constexpr int kStatusFields = 4;
+constexpr int kCaretField = 1;
+constexpr int kLineEndField = 2;
+constexpr int kEncodingField = 3;
 
 } // namespace
 
@@ -41,7 +52,9 @@ frmEditor::frmEditor(session::Session& session, const platform::Platform& platfo
     // A frame's own colour is that of an empty work space on Windows.
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     SetSize(FromDIP(kDesignSize));
-    CreateStatusBar();
+    CreateStatusBar(kStatusFields);
+    const int widths[kStatusFields] = {-1, FromDIP(160), FromDIP(60), FromDIP(110)};
+    SetStatusWidths(kStatusFields, widths);
     MakePages();
     MakeMenus();
     platform::SetWindowIcons(*this);
@@ -63,7 +76,8 @@ void frmEditor::Start(const std::string& commandLine) {
 void frmEditor::MakePages() {
     ssTab1_ = new wxNotebook(this, wxID_ANY);
     ssTab1_->SetName("SSTab1");
-    textPage_ = new editors::TextPage(ssTab1_);
+    textPage_ = new editors::TextPage(
+        ssTab1_, [this](const auto& command) { Run(command); }, [this] { ShowTextState(); });
     preview_ = new convert::TexturePreviewPage(
         textPage_->ParentOfPanes(), [this] { return textPage_->TextView(); }, [this] { textPage_->ShowTextAlone(); });
     preview_->Hide();
@@ -106,6 +120,7 @@ void frmEditor::BindEvents() {
     };
     Bind(wxEVT_SIZE, [placed](wxSizeEvent& event) { placed(event); });
     Bind(wxEVT_MOVE, [placed](wxMoveEvent& event) { placed(event); });
+    AcceptDroppedFiles();
     ssTab1_->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
         SSTab1_Click();
         event.Skip();
@@ -174,6 +189,25 @@ void frmEditor::ShowStatus(const std::string& text) {
     if (auto* const front = dynamic_cast<platform::StatusLine*>(platform::FrontWindow(this))) front->ShowStatus(text);
 }
 
+void frmEditor::ShowTextState() {
+    editors::TextPage::StateText state;
+    if (ssTab1_->GetSelection() == 0) state = textPage_->State();
+    const std::pair<int, const std::string&> fields[] = {
+        {kCaretField, state.caret}, {kLineEndField, state.lineEnds}, {kEncodingField, state.encoding}};
+    for (const auto& [field, text] : fields) {
+        if (GetStatusBar()->GetStatusText(field) != ToWx(text)) SetStatusText(ToWx(text), field);
+    }
+}
+
+void frmEditor::AcceptDroppedFiles() {
+    const auto open = [this](const std::vector<std::string>& paths) {
+        Run([&paths](EditorContext& context) { OpenFile(context, paths.front()); });
+    };
+    platform::AcceptFiles(*this, open);
+    platform::AcceptFiles(treePage_->Rows(), open);
+    platform::AcceptFiles(textPage_->Editor(), open);
+}
+
 void frmEditor::OnPlaced() {
     if (!IsMaximized() && !IsIconized()) normalPlace_ = GetRect();
 }
@@ -189,6 +223,7 @@ void frmEditor::ShowPageState() {
         GetMenuBar()->Replace(0, menus_[textFilesMenuShown_ ? "mnuFileS" : "mnuFile"], "Files");
     }
     UpdateCommands();
+    ShowTextState();
 }
 
 void frmEditor::PopUpNodes() {
@@ -200,7 +235,25 @@ void frmEditor::PopUpNodes() {
         if (item.name == "mnuNodePopUpNew") menu->SetLabel(IdOf(item), ToWx(state.newCaption));
         menu->Enable(IdOf(item), IsItemEnabled(item, context_));
     }
+    AppendTreeItems(*menu);
     PopupMenu(menu.get());
+}
+
+void frmEditor::AppendTreeItems(wxMenu& menu) {
+    const auto add = [&menu](const char* label, bool isEnabled, const std::function<void()>& action) {
+        wxMenuItem* const item = menu.Append(wxID_ANY, label);
+        item->Enable(isEnabled);
+        menu.Bind(
+            wxEVT_MENU, [action](wxCommandEvent&) { action(); }, item->GetId());
+    };
+    menu.AppendSeparator();
+    add("Undo\tCtrl+Z", editors::CanUndo(context_), [this] { Run(editors::UndoEdit); });
+    add("Redo\tCtrl+Y", editors::CanRedo(context_), [this] { Run(editors::RedoEdit); });
+    menu.AppendSeparator();
+    const bool hasRows = !document_.document.IsEmpty();
+    add("Expand All\tCtrl+Shift+Right", hasRows, [this] { treePage_->Rows().ExpandEverything(); });
+    add("Collapse All\tCtrl+Shift+Left", hasRows, [this] { treePage_->Rows().CollapseEverything(); });
+    add("Copy Path\tCtrl+Shift+C", document_.SelectedNode != nullptr, [this] { treePage_->CopyPath(); });
 }
 
 } // namespace tamarind::shell

@@ -44,6 +44,8 @@ private:
     void BindEvents();
     void ShowPageState();
     void PopUpNodes();
+    /// What the menu of the tree holds besides the "Nodes" menu.
+    void AppendTreeItems(wxMenu& menu);
     /// In the status line of this window, and of those that lie on it.
     void ShowStatus(const std::string& text);
     /// Asks whether to stop the outside program that a command is waiting for.
@@ -52,6 +54,9 @@ private:
     void OnMenu(wxCommandEvent& event);
     void OnClose(wxCloseEvent& event);
     void OnPlaced();
+    /// Caret, line ends and encoding in the status line, while the text page is shown.
+    void ShowTextState();
+    void AcceptDroppedFiles();
     void SSTab1_Click();
 
     // session::EditorView
@@ -68,6 +73,8 @@ private:
     [[nodiscard]] std::string EditorText() const override;
     [[nodiscard]] bool IsEditorTextModified() const override;
     void SetEditorTextSaved() override;
+    void HighlightEditorText() override;
+    void ShowTextSearch() override;
     void ShowFilePath(const std::string& path) override;
     [[nodiscard]] std::string FilePath() const override;
     void ShowTree(const document::Document& document) override;
@@ -75,6 +82,11 @@ private:
     void AddRow(const document::clsNode& node) override;
     void RemoveRow(const document::clsNode& node) override;
     void EditRowLabel(const document::clsNode& node) override;
+    void ShowRowName(const document::clsNode& node) override;
+    void SelectRow(const document::clsNode& node) override;
+    void MarkRows(const std::vector<const document::clsNode*>& nodes) override;
+    void UnmarkRows() override;
+    [[nodiscard]] bool AskToGoOn() override;
     void EnableAttributeArea(bool enabled) override;
     void EnableAttributeEditing(bool enabled) override;
     void ShowAttributeNames(const std::vector<std::string>& names) override;
@@ -82,10 +94,13 @@ private:
     void RemoveAttributeName(int index) override;
     void SetAttributeName(int index, const std::string& name) override;
     [[nodiscard]] int SelectedAttribute() const override;
+    void SelectAttribute(int index) override;
     void ShowAttributeValue(const std::string& value) override;
     void ShowCharacters(const std::string& text) override;
     [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override;
     void ShowRoutes() override;
+    void ShowAbout() override;
+    void ShowHelp(const std::string& file) override;
 
     session::Session& session_;
     document::OpenDocument document_;

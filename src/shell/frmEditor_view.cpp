@@ -1,6 +1,9 @@
 #include "convert/texture_xml.h"
+#include "editors/dlgFind.h"
 #include "editors/frmAddAttribute.h"
+#include "platform/wx/help.h"
 #include "platform/wx/wx_text.h"
+#include "shell/frmAbout.h"
 #include "shell/frmEditor.h"
 #include "text/numbers.h"
 
@@ -97,6 +100,13 @@ bool frmEditor::IsEditorTextModified() const { return textPage_->IsModified(); }
 
 void frmEditor::SetEditorTextSaved() { textPage_->SetSaved(); }
 
+void frmEditor::HighlightEditorText() { textPage_->Highlight(); }
+
+void frmEditor::ShowTextSearch() {
+    ShowPage(Page::Text);
+    textPage_->ShowSearch();
+}
+
 void frmEditor::ShowFilePath(const std::string& path) {
     textPage_->SetFilePath(path);
     treePage_->SetFilePath(path);
@@ -114,6 +124,19 @@ void frmEditor::RemoveRow(const document::clsNode& node) { treePage_->Rows().Rem
 
 void frmEditor::EditRowLabel(const document::clsNode& node) { treePage_->Rows().EditNode(node); }
 
+void frmEditor::ShowRowName(const document::clsNode& node) { treePage_->Rows().ShowName(node); }
+
+void frmEditor::SelectRow(const document::clsNode& node) { treePage_->Rows().Select(node); }
+
+void frmEditor::MarkRows(const std::vector<const document::clsNode*>& nodes) { treePage_->Rows().Mark(nodes); }
+
+void frmEditor::UnmarkRows() { treePage_->Rows().Unmark(); }
+
+bool frmEditor::AskToGoOn() {
+    editors::dlgFind dialog(this, treePage_->Rows());
+    return dialog.ShowModal() == wxID_FIND;
+}
+
 void frmEditor::EnableAttributeArea(bool enabled) { treePage_->EnableAttributeArea(enabled); }
 
 void frmEditor::EnableAttributeEditing(bool enabled) { treePage_->EnableAttributeEditing(enabled); }
@@ -127,6 +150,8 @@ void frmEditor::RemoveAttributeName(int index) { treePage_->RemoveAttributeName(
 void frmEditor::SetAttributeName(int index, const std::string& name) { treePage_->SetAttributeName(index, name); }
 
 int frmEditor::SelectedAttribute() const { return treePage_->SelectedAttribute(); }
+
+void frmEditor::SelectAttribute(int index) { treePage_->SelectAttribute(index); }
 
 void frmEditor::ShowAttributeValue(const std::string& value) { treePage_->ShowAttributeValue(value); }
 
@@ -149,5 +174,9 @@ void frmEditor::ShowRoutes() {
     }
     routes_->Raise();
 }
+
+void frmEditor::ShowAbout() { frmAbout(this).ShowModal(); }
+
+void frmEditor::ShowHelp(const std::string& file) { platform::ShowHelp(*this, file); }
 
 } // namespace tamarind::shell

@@ -20,6 +20,8 @@ template <auto command> void Run(EditorContext& context) { static_cast<void>(com
 
 void Close(EditorContext& context) { context.view.CloseWindow(); }
 
+void Find(EditorContext& context) { context.view.ShowTextSearch(); }
+
 bool HasGameFile(const EditorContext& context) { return context.session.RSFileLoaded; }
 bool HasDocument(const EditorContext& context) { return context.document.isOpen; }
 bool CanSaveAs(const EditorContext& context) { return context.document.canSaveAs; }
@@ -61,7 +63,7 @@ constexpr std::array kItems = {
     MenuItem{"mnuNodePopUp", "mnuEditCopy", "Copy", editors::CopySelectedNode, CanCopy},
     MenuItem{"mnuNodePopUp", "mnuEditPaste", "Paste", editors::PasteNode, CanPaste},
 
-    MenuItem{"mnuSearch", "mnuFind", "&Find", nullptr},
+    MenuItem{"mnuSearch", "mnuFind", "&Find", Find},
 
     MenuItem{"mnuConv", "mnuDDS", "Convert RS to .dds", Run<convert::ExportTexture>},
     MenuItem{"mnuConv", "mnuView", "View .dds File", ViewDdsFile},
@@ -80,9 +82,9 @@ constexpr std::array kItems = {
     MenuItem{"mnuEB", "mnuMarkS", "Markers - Series", nullptr},
     MenuItem{"mnuEB", "mnuRoute", "Route Template", nullptr},
 
-    MenuItem{"mnuOpt", "mnuClear", "Clear Screen", nullptr},
-    MenuItem{"mnuOpt", "mnuCTF", "Clear Temp Files", nullptr},
-    MenuItem{"mnuOpt", "mnuReadWrite", "Make all RS files Read/Write", nullptr},
+    MenuItem{"mnuOpt", "mnuClear", "Clear Screen", ClearScreen},
+    MenuItem{"mnuOpt", "mnuCTF", "Clear Temp Files", ClearTempFiles},
+    MenuItem{"mnuOpt", "mnuReadWrite", "Make all RS files Read/Write", MakeGameFilesWritable},
     MenuItem{"mnuOpt", "mnuSelDefEdit", "Select Default Editor", SelectDefaultEditor},
     MenuItem{"mnuOpt", "mnuRSPath", "Select RS Path", SelectRailSimPath},
     MenuItem{"mnuOpt", "mnuIRF", "Texture Editor Path", SelectTextureEditor},
@@ -90,8 +92,8 @@ constexpr std::array kItems = {
     MenuItem{"mnuOpt", "mnuUXML", "Use XML Editor this session only", UseXmlEditor},
     MenuItem{"mnuOpt", "mnuViewer", "Viewer Path", SelectViewer},
 
-    MenuItem{"mnuHelp", "mnuContents", "Contents", nullptr},
-    MenuItem{"mnuHelp", "mnuAbout", "About", nullptr},
+    MenuItem{"mnuHelp", "mnuContents", "Contents", ShowContents},
+    MenuItem{"mnuHelp", "mnuAbout", "About", ShowAbout},
 };
 
 } // namespace

@@ -1,8 +1,11 @@
 #include "shell/options.h"
 
+#include "convert/recovered.h"
+#include "platform/myfile.h"
 #include "platform/paths.h"
 #include "platform/processes.h"
 #include "shell/start_up.h"
+#include "text/runtime_error.h"
 
 namespace tamarind::shell {
 
@@ -69,6 +72,56 @@ void EditDdsFile(EditorContext& context) {
                 "To edit DDS files you need to install a suitable paint program (e.g. PSP with .dds plugin) on your "
                 "PC \r\nand select the path from the Options menu.");
 }
+
+void ClearScreen(EditorContext& context) {
+    const std::string kept = convert::KeepUnsavedText(context);
+    if (!kept.empty()) context.ui.ShowStatus("The text that was not saved is kept in " + platform::ForDisplay(kept));
+    auto& files = context.platform.files;
+    // Both are whole paths, so that there is no such file; it is looked for all the same.
+    const std::string path = context.session.TempFiles() + "\\" + context.session.TempBase;
+    if (platform::FileExists(files, path)) files.Remove(path);
+    context.view.SetEditorText("");
+    context.view.ShowFilePath("");
+}
+
+void ClearTempFiles(EditorContext& context) {
+    auto& files = context.platform.files;
+    const std::string folder = context.session.TempFiles();
+    platform::DelAll(files, folder);
+    context.ui.ProcessEvents();
+    try {
+        if (!platform::FolderExists(files, folder)) files.CreateFolder(folder);
+    } catch (const text::RuntimeError& error) {
+        context.ui.Show({.text = error.Description() + "\r\n" + platform::ForDisplay(folder)});
+    }
+}
+
+void MakeGameFilesWritable(EditorContext& context) {
+    if (context.session.RailSimPath.empty()) {
+        // Else it would be done to the whole drive.
+        context.ui.Show({.text = "Please select the RS path from the Options menu first."});
+        return;
+    }
+    {
+        const platform::BusyPointer busy(context.ui);
+        const std::string folder = context.session.TempFiles();
+        const std::string line = "ATTRIB -R \"" + context.session.RailSimPath + "\\*.*\" /s /d\r\n";
+        if (!platform::WriteUniFile(context.platform.files, context.ui, folder + "\\do_read.bat", line)) return;
+        platform::ProcessStart start;
+        start.commandLine = "do_read.bat";
+        start.folder = folder;
+        start.searchFolders = {folder};
+        start.style = platform::WindowStyle::NormalFocus;
+        platform::ShellWait(context.platform.processes, context.ui, start, true);
+    }
+    context.ui.Show({.text = "All files are now Read/Write"});
+}
+
+void ShowContents(EditorContext& context) {
+    context.view.ShowHelp(context.session.ProgramFolder + "\\Tamarind.chm");
+}
+
+void ShowAbout(EditorContext& context) { context.view.ShowAbout(); }
 
 void UseTamarindEditor(EditorContext& context) {
     context.session.SessionEditor = SessionEditor::Text;

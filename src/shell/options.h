@@ -16,6 +16,18 @@ void SelectViewer(session::EditorContext& context);
 void UseTamarindEditor(session::EditorContext& context);
 void UseXmlEditor(session::EditorContext& context);
 
+/// Empties the text page. Unsaved text is kept in TempFiles\\Recovered first.
+void ClearScreen(session::EditorContext& context);
+/// Deletes TempFiles with all that is in it, and makes it anew.
+void ClearTempFiles(session::EditorContext& context);
+/// Takes the write protection off everything in the game folder.
+void MakeGameFilesWritable(session::EditorContext& context);
+
+// Of the "Help" menu.
+
+void ShowContents(session::EditorContext& context);
+void ShowAbout(session::EditorContext& context);
+
 // Of the "Conversions" menu.
 
 /// Opens the open texture's exported picture in that program and waits until it is closed.

@@ -50,8 +50,8 @@ void AskForGameFolder(EditorContext& context) {
     SelectRailSimPath(context);
 }
 
-void OpenCommandFile(EditorContext& context) {
-    switch (CommandForFile(context.session.CommandFile, context.session.XmlEditorDefault)) {
+void RunOpenCommand(EditorContext& context, OpenCommand command) {
+    switch (command) {
     case OpenCommand::None: break;
     case OpenCommand::RailSimFile: convert::OpenRailSimFile(context); break;
     case OpenCommand::Texture: convert::OpenTextureFile(context); break;
@@ -84,6 +84,17 @@ OpenCommand CommandForFile(const std::string& path, bool xmlEditorDefault) {
         return xmlEditorDefault ? OpenCommand::XmlInTree : OpenCommand::Xml;
     }
     return OpenCommand::None;
+}
+
+void OpenFile(EditorContext& context, const std::string& path) {
+    const OpenCommand command = CommandForFile(path, context.session.UsesTreeEditor());
+    if (command == OpenCommand::None) {
+        context.ui.Show({.text = "There is no command that opens " + platform::ForDisplay(path)});
+        return;
+    }
+    context.session.CommandFile = path;
+    context.session.UseCommandFile = true;
+    RunOpenCommand(context, command);
 }
 
 std::string WithoutQuotes(std::string commandLine) {
@@ -127,7 +138,10 @@ void StartUp(EditorContext& context, const std::string& commandLine) {
         context.session.CommandFile = WithoutQuotes(commandLine);
         context.session.UseCommandFile = true;
     }
-    if (!context.session.CommandFile.empty()) Step(context, [&] { OpenCommandFile(context); });
+    if (!context.session.CommandFile.empty()) {
+        const OpenCommand command = CommandForFile(context.session.CommandFile, context.session.XmlEditorDefault);
+        Step(context, [&] { RunOpenCommand(context, command); });
+    }
 }
 
 } // namespace tamarind::shell

@@ -16,6 +16,10 @@ inline constexpr const char* kDesignCaption = "RS bin file editor and texture vi
 enum class OpenCommand { None, RailSimFile, Texture, Xml, RailSimFileInTree, TextureOnTextPage, XmlInTree };
 [[nodiscard]] OpenCommand CommandForFile(const std::string& path, bool xmlEditorDefault);
 
+/// Opens a file that was handed over, with the command of its ending, in the editor that is in use. Tells when no
+/// command opens such files.
+void OpenFile(session::EditorContext& context, const std::string& path);
+
 /// A command line without the double quote at its start and the one at its end.
 [[nodiscard]] std::string WithoutQuotes(std::string commandLine);
 

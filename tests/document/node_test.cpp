@@ -350,6 +350,64 @@ TEST_F(ThreeChildren, CopyIntoItselfHoldsTheFormerTree) {
     EXPECT_EQ(copy.ChildNodes.Item(2).ChildNodes.Count(), 0u);
 }
 
+std::string NamesOf(const clsNode& parent) {
+    std::string names;
+    for (const clsNode* const child : parent.ChildNodes)
+        names += child->NodeName;
+    return names;
+}
+
+TEST(PutBack, PutsANodeWhereItWas) {
+    for (std::size_t position = 1; position <= 3; ++position) {
+        Document document;
+        clsNode& top = document.AddNode(document.Root(), "top", "", 1);
+        for (const char* const name : {"a", "b", "c"})
+            document.AddNode(top, name, "", static_cast<NodeKey>(name[0]));
+        clsNode& node = top.ChildNodes.Item(position);
+        top.ChildNodes.Remove(position);
+        document.PutBack(top, node, position);
+        EXPECT_EQ(NamesOf(top), "abc") << position;
+        EXPECT_EQ(&top.ChildNodes.Item(node.NodeKeyText()), &node) << position;
+        EXPECT_EQ(top.ChildNodes.PositionOf(node.Key), position);
+    }
+}
+
+TEST(PutBack, FindsEveryKeyAlsoOutOfOrder) {
+    Document document;
+    clsNode& top = document.AddNode(document.Root(), "top", "", 1);
+    clsNode& a = document.AddNode(top, "a", "", 2);
+    document.AddNode(top, "b", "", 3);
+    top.ChildNodes.Remove("nod2");
+    document.PutBack(top, a, 2);
+    EXPECT_EQ(NamesOf(top), "ba");
+    EXPECT_EQ(top.ChildNodes.PositionOf(2), 2U);
+    EXPECT_EQ(top.ChildNodes.PositionOf(3), 1U);
+    EXPECT_EQ(top.ChildNodes.PositionOf(4), 0U);
+}
+
+TEST(PutBack, RefusesAPositionBeyondTheEndAndAKeyThatIsThere) {
+    Document document;
+    clsNode& top = document.AddNode(document.Root(), "top", "", 1);
+    clsNode& a = document.AddNode(top, "a", "", 2);
+    EXPECT_THROW(document.PutBack(top, a, 1), text::RuntimeError);
+    top.ChildNodes.Remove("nod2");
+    EXPECT_THROW(document.PutBack(top, a, 2), text::RuntimeError);
+    EXPECT_THROW(document.PutBack(top, a, 0), text::RuntimeError);
+}
+
+TEST(InsertAttribute, PutsItBeforeTheOneAtThatPosition) {
+    Document document;
+    clsNode& top = document.AddNode(document.Root(), "top", "", 1);
+    document.AddAttribute(top, "b", "2");
+    document.InsertAttribute(top, 1, "a", "1");
+    document.InsertAttribute(top, 3, "c", "3");
+    std::string all;
+    for (const clsNodeAttribute& attribute : top.NodeAttributes)
+        all.append(attribute.AttribName).append(attribute.AttribValue);
+    EXPECT_EQ(all, "a1b2c3");
+    EXPECT_THROW(document.InsertAttribute(top, 5, "d", ""), text::RuntimeError);
+}
+
 TEST(AMillionLevels, AreBuiltWalkedCopiedAndFreed) {
     constexpr NodeKey kLevels = 1'000'000;
     Document document;

@@ -126,6 +126,23 @@ TEST_F(MenuItemsTest, EachOfTheTexturesCommandsIsItsOwn) {
     EXPECT_EQ(rig.ui.FileDialogs()[2].title, "Select your Graphics Viewer");
 }
 
+TEST_F(MenuItemsTest, EachOfTheHousekeepingCommandsIsItsOwn) {
+    Item("mnuFind").command(rig.context);
+    Item("mnuContents").command(rig.context);
+    Item("mnuAbout").command(rig.context);
+    EXPECT_THAT(rig.view.calls,
+                testing::ElementsAre("ShowTextSearch", "ShowHelp C:\\Kit\\Tamarind.chm", "ShowAbout"));
+    files.folders = {"C:\\Kit"};
+    Item("mnuCTF").command(rig.context);
+    EXPECT_TRUE(files.IsFolder("C:\\Kit\\TempFiles"));
+    rig.view.SetEditorText("text");
+    Item("mnuClear").command(rig.context);
+    EXPECT_EQ(rig.view.EditorText(), "");
+    rig.session.RailSimPath = "C:\\Game";
+    Item("mnuReadWrite").command(rig.context);
+    EXPECT_EQ(rig.ui.MessageTexts(), std::vector<std::string>{"All files are now Read/Write"});
+}
+
 TEST_F(MenuItemsTest, SaveToAGameFileNeedsOneThatIsOpen) {
     EXPECT_FALSE(IsEnabled("mnuSaveRS"));
     rig.session.RSFileLoaded = true;

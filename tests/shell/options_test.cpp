@@ -1,8 +1,10 @@
 #include "shell/options.h"
 
+#include "platform/myfile.h"
 #include "platform/paths.h"
 #include "support/editor_rig.h"
 #include "support/memory_files.h"
+#include "text/runtime_error.h"
 
 #include <gtest/gtest.h>
 
@@ -153,6 +155,92 @@ TEST_F(Options, ViewAndEditDdsFileRunTheirProgramsAndWait) {
     EXPECT_EQ(rig.processes.starts[0].commandLine, "\"C:\\Some Folder\\view.exe\" \"C:\\Kit\\TempFiles\\Wall.dds\"");
     EXPECT_EQ(rig.processes.starts[0].style, platform::WindowStyle::NormalFocus);
     EXPECT_EQ(rig.processes.starts[1].commandLine, "\"C:\\paint.exe\" \"C:\\Kit\\TempFiles\\Wall.dds\"");
+}
+
+TEST_F(Options, ClearScreenEmptiesTheTextAndTheFileName) {
+    files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
+    rig.session.TempBase = "C:\\Kit\\TempFiles\\Wall.";
+    rig.view.SetEditorText("text");
+    rig.view.ShowFilePath("C:\\Game\\Wall.TgPcDx");
+    ClearScreen(rig.context);
+    EXPECT_EQ(rig.view.EditorText(), "");
+    EXPECT_EQ(rig.view.FilePath(), "");
+    EXPECT_TRUE(rig.ui.Everything().empty());
+}
+
+TEST_F(Options, ClearScreenKeepsUnsavedText) {
+    files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
+    rig.session.FileBaseName = "Wall.";
+    rig.view.TypeText("typed");
+    ClearScreen(rig.context);
+    EXPECT_EQ(rig.view.EditorText(), "");
+    EXPECT_EQ(platform::ReadBytes(files, "C:\\Kit\\TempFiles\\Recovered\\Wall.xml"), "typed");
+    ASSERT_EQ(rig.ui.StatusLines().size(), 1U);
+}
+
+TEST_F(Options, ClearTempFilesEmptiesTheFolder) {
+    files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
+    files.contents["C:\\Kit\\TempFiles\\Wall.xml"] = "text";
+    ClearTempFiles(rig.context);
+    EXPECT_TRUE(files.IsFolder("C:\\Kit\\TempFiles"));
+    EXPECT_TRUE(files.List("C:\\Kit\\TempFiles").empty());
+    EXPECT_EQ(rig.ui.EventRounds(), 1);
+    EXPECT_TRUE(rig.ui.Everything().empty());
+}
+
+TEST_F(Options, ClearTempFilesMakesAMissingFolder) {
+    files.folders = {"C:\\Kit"};
+    ClearTempFiles(rig.context);
+    EXPECT_TRUE(files.IsFolder("C:\\Kit\\TempFiles"));
+}
+
+TEST_F(Options, ClearTempFilesTellsWhenTheFolderCannotBeMade) {
+    files.folders = {"C:\\Kit"};
+    files.contents["C:\\Kit\\TempFiles"] = "a file in its place";
+    ClearTempFiles(rig.context);
+    ASSERT_EQ(rig.ui.Messages().size(), 1U);
+    EXPECT_NE(rig.ui.MessageTexts()[0].find("TempFiles"), std::string::npos);
+}
+
+TEST_F(Options, MakeGameFilesWritableRunsOneCommandInTempFiles) {
+    files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
+    rig.session.RailSimPath = "C:\\Games\\Rail Simulator";
+    int busyDepth = 0;
+    rig.processes.run = [&](const platform::ProcessStart&) { busyDepth = rig.ui.BusyDepth(); };
+    MakeGameFilesWritable(rig.context);
+    EXPECT_EQ(platform::ReadBytes(files, "C:\\Kit\\TempFiles\\do_read.bat"),
+              "ATTRIB -R \"C:\\Games\\Rail Simulator\\*.*\" /s /d\r\n");
+    ASSERT_EQ(rig.processes.starts.size(), 1U);
+    EXPECT_EQ(rig.processes.starts[0].commandLine, "do_read.bat");
+    EXPECT_EQ(rig.processes.starts[0].folder, "C:\\Kit\\TempFiles");
+    EXPECT_EQ(rig.processes.starts[0].style, platform::WindowStyle::NormalFocus);
+    EXPECT_EQ(busyDepth, 1);
+    ASSERT_EQ(rig.ui.Messages().size(), 1U);
+    EXPECT_EQ(rig.ui.Messages()[0].text, "All files are now Read/Write");
+    EXPECT_EQ(rig.ui.Messages()[0].icon, Icon::Exclamation);
+}
+
+TEST_F(Options, MakeGameFilesWritableTellsTheSameWhenTheCommandCannotRun) {
+    files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
+    rig.session.RailSimPath = "C:\\Game";
+    rig.processes.run = [](const platform::ProcessStart&) {
+        throw text::RuntimeError(text::ErrorNumber::FileNotFound);
+    };
+    MakeGameFilesWritable(rig.context);
+    EXPECT_EQ(rig.ui.MessageTexts(), std::vector<std::string>{"All files are now Read/Write"});
+}
+
+TEST_F(Options, MakeGameFilesWritableNeverRunsOnAWholeDrive) {
+    files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
+    MakeGameFilesWritable(rig.context);
+    EXPECT_TRUE(rig.processes.starts.empty());
+    EXPECT_EQ(rig.ui.MessageTexts(), std::vector<std::string>{"Please select the RS path from the Options menu first."});
+}
+
+TEST_F(Options, ContentsAndAboutAreShown) {
+    ShowContents(rig.context);
+    ShowAbout(rig.context);
+    EXPECT_EQ(rig.view.calls, (std::vector<std::string>{"ShowHelp C:\\Kit\\Tamarind.chm", "ShowAbout"}));
 }
 
 } // namespace

@@ -308,6 +308,26 @@ struct Dispatch {
     OpenCommand inTree;
 };
 
+TEST_F(StartUpTest, OpensAFileThatIsHandedOverInTheEditorInUse) {
+    HaveSettings();
+    HaveGameFile("C:\\Game\\a.bin");
+    files.folders.insert("C:\\Kit\\TempFiles");
+    OpenFile(rig.context, "C:\\Game\\a.bin");
+    EXPECT_EQ(rig.view.EditorText(), "<Top>text</Top>");
+    EXPECT_EQ(OpenInTree(), "");
+    rig.session.SessionEditor = session::SessionEditor::Tree;
+    OpenFile(rig.context, "C:\\Game\\a.bin");
+    EXPECT_EQ(OpenInTree(), "C:\\Kit\\TempFiles\\a.xml");
+    EXPECT_TRUE(rig.ui.FileDialogs().empty());
+}
+
+TEST_F(StartUpTest, TellsThatNoCommandOpensAFileThatIsHandedOver) {
+    OpenFile(rig.context, "C:\\Game\\a.dds");
+    EXPECT_EQ(rig.ui.MessageTexts(),
+              std::vector<std::string>{"There is no command that opens " + platform::ForDisplay("C:\\Game\\a.dds")});
+    EXPECT_FALSE(rig.session.UseCommandFile);
+}
+
 TEST(CommandForFile, IsChosenByTheEndingWhateverItsCase) {
     const Dispatch table[] = {
         {"a.bin", OpenCommand::RailSimFile, OpenCommand::RailSimFileInTree},

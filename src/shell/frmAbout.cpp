@@ -1,0 +1,50 @@
+#include "shell/frmAbout.h"
+
+#include "platform/ui.h"
+#include "platform/wx/window_icons.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+
+namespace tamarind::shell {
+
+namespace {
+
+constexpr int kGap = 12;
+constexpr float kTitleScale = 1.6F;
+constexpr int kTextWidth = 380;
+constexpr const char* kDescription =
+    "A tool kit for people who build add-ons for Rail Simulator: it opens the game's files as text or as a tree, "
+    "converts textures and marker files, and checks, packages and installs routes, scenarios and assets.";
+constexpr const char* kCare = "Before a game file is changed, its old content is kept beside it under a backup name.";
+
+} // namespace
+
+frmAbout::frmAbout(wxWindow* parent)
+    : wxDialog(parent, wxID_ANY, wxString("About ") + platform::kApplicationTitle) {
+    SetName("frmAbout");
+    platform::SetWindowIcons(*this);
+    const int gap = FromDIP(kGap);
+    const auto add = [this](const wxString& text, const char* name) {
+        auto* const label = new wxStaticText(this, wxID_ANY, text);
+        label->SetName(name);
+        label->Wrap(FromDIP(kTextWidth));
+        return label;
+    };
+    auto* const title = add(platform::kApplicationTitle, "lblTitle");
+    title->SetFont(GetFont().Scaled(kTitleScale).Bold());
+    auto* const outer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(title, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, gap));
+    outer->Add(add("Version " TAMARIND_VERSION, "lblVersion"), wxSizerFlags().Border(wxALL, gap));
+    outer->Add(add(kDescription, "lblDescription"), wxSizerFlags().Border(wxLEFT | wxRIGHT, gap));
+    outer->Add(add(kCare, "lblCare"), wxSizerFlags().Border(wxALL, gap));
+    auto* const ok = new wxButton(this, wxID_OK, "OK");
+    ok->SetDefault();
+    outer->Add(ok, wxSizerFlags().Right().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    SetSizerAndFit(outer);
+    SetEscapeId(wxID_OK);
+    CentreOnParent();
+}
+
+} // namespace tamarind::shell
