@@ -47,9 +47,10 @@ private:
 
 bool HasTooManyRows(const document::Document& document) {
     Rows rows(document, 1);
-    while (rows.Row() < kTooManyRows && rows.Next() != nullptr) {
-    }
-    return rows.Row() >= kTooManyRows;
+    std::size_t count = 0;
+    while (count < kTooManyRows && rows.Next() != nullptr)
+        ++count;
+    return count == kTooManyRows;
 }
 
 bool RefuseForSize(EditorContext& context) {

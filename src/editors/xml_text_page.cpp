@@ -310,7 +310,12 @@ void XmlText::OnUpdateUi(wxStyledTextEvent& event) {
     event.Skip();
     if ((event.GetUpdated() & (wxSTC_UPDATE_CONTENT | wxSTC_UPDATE_SELECTION)) == 0) return;
     MarkTags();
-    if (onChanged) onChanged();
+    // This comes amid painting, where nothing else may be painted.
+    if (std::exchange(isTelling_, true)) return;
+    CallAfter([this] {
+        isTelling_ = false;
+        if (onChanged) onChanged();
+    });
 }
 
 // --- tags that belong together

@@ -47,9 +47,7 @@ TEST(FoldLine, NeverCountsBelowNothingNorAboveTheDeepest) {
     EXPECT_EQ(After("<a><b>", {.depth = kDeepestFold}).depth, kDeepestFold);
 }
 
-const std::string kText = "<a x=\"<b>\"><b><!-- </b> --></b><b/><c>t</c></a>";
-//                         0         1          2         3         4
-//                         0123456 789 012345678901234567890123456789012345
+const std::string kText = "<a x=\"b>\"><b><!-- </b> --></b><b/><c>t</c></a>";
 
 std::optional<TagPair> PairAt(const std::string& place, std::size_t inside = 1) {
     return FindTagPair(kText, kText.find(place) + inside);

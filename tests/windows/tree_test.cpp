@@ -299,6 +299,17 @@ TEST_F(TreeEditor, PastesACopyTwiceWithKeysOfItsOwn) {
     EXPECT_NE(saved.find(" <Halt>Bend\r\n  " + copy + "  " + copy + " </Halt>\r\n"), std::string::npos) << saved;
 }
 
+/// What the menu holds besides the "Nodes" menu.
+ShownItems With(ShownItems nodes, bool hasRows, bool hasNode) {
+    nodes.insert({{"", true}, // the lines between groups
+                  {"Undo\tCtrl+Z", false},
+                  {"Redo\tCtrl+Y", false},
+                  {"Expand All\tCtrl+Shift+Right", hasRows},
+                  {"Collapse All\tCtrl+Shift+Left", hasRows},
+                  {"Copy Path\tCtrl+Shift+C", hasNode}});
+    return nodes;
+}
+
 class NodesPopUp : public TreeEditor {
 protected:
     ShownItems PopUp(const wxTreeItemId& row) {
@@ -320,20 +331,22 @@ private:
 
 TEST_F(NodesPopUp, OffersANewPrimaryNodeInAnEmptyTree) {
     OpenWithTreeEditor();
-    EXPECT_EQ(PopUp({}), (ShownItems{{"&New Primary Node", true},
-                                     {"Rename Node", false},
-                                     {"Delete Node", false},
-                                     {"Copy", false},
-                                     {"Paste", false}}));
+    const ShownItems nodes{{"&New Primary Node", true},
+                           {"Rename Node", false},
+                           {"Delete Node", false},
+                           {"Copy", false},
+                           {"Paste", false}};
+    EXPECT_EQ(PopUp({}), With(nodes, false, false));
 }
 
 TEST_F(NodesPopUp, SelectsTheRowAndOffersWhatCanBeDoneWithIt) {
     OpenDocument();
-    EXPECT_EQ(PopUp(Row(Top(), "Halt")), (ShownItems{{"&New Child Node", true},
-                                                     {"Rename Node", true},
-                                                     {"Delete Node", true},
-                                                     {"Copy", true},
-                                                     {"Paste", false}}));
+    const ShownItems nodes{{"&New Child Node", true},
+                           {"Rename Node", true},
+                           {"Delete Node", true},
+                           {"Copy", true},
+                           {"Paste", false}};
+    EXPECT_EQ(PopUp(Row(Top(), "Halt")), With(nodes, true, true));
     EXPECT_EQ(Selected().NodeName, "Halt");
     ChooseNode("mnuEditCopy");
     EXPECT_TRUE(PopUp(Top()).at("Paste"));
