@@ -74,8 +74,15 @@ void EditDdsFile(EditorContext& context) {
 }
 
 void ClearScreen(EditorContext& context) {
-    const std::string kept = convert::KeepUnsavedText(context);
-    if (!kept.empty()) context.ui.ShowStatus("The text that was not saved is kept in " + platform::ForDisplay(kept));
+    try {
+        const std::string kept = convert::KeepUnsavedText(context);
+        if (!kept.empty())
+            context.ui.ShowStatus("The text that was not saved is kept in " + platform::ForDisplay(kept));
+    } catch (const text::RuntimeError& error) {
+        // Then it stays on the screen.
+        context.ui.Show({.text = "The text that was not saved could not be kept: " + error.Description()});
+        return;
+    }
     auto& files = context.platform.files;
     // Both are whole paths, so that there is no such file; it is looked for all the same.
     const std::string path = context.session.TempFiles() + "\\" + context.session.TempBase;
