@@ -37,6 +37,7 @@ constexpr int kStatusFields = 4;
 constexpr int kCaretField = 1;
 constexpr int kLineEndField = 2;
 constexpr int kEncodingField = 3;
+constexpr int kStatusGap = 32;
 
 } // namespace
 
@@ -53,7 +54,11 @@ frmEditor::frmEditor(session::Session& session, const platform::Platform& platfo
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     SetSize(FromDIP(kDesignSize));
     CreateStatusBar(kStatusFields);
-    const int widths[kStatusFields] = {-1, FromDIP(160), FromDIP(60), FromDIP(110)};
+    const auto widthOf = [this](const char* text) {
+        return GetStatusBar()->GetTextExtent(text).x + FromDIP(kStatusGap);
+    };
+    const int widths[kStatusFields] = {-1, widthOf("Line 9999999, Column 9999"), widthOf("CR LF"),
+                                       widthOf("Windows-1252")};
     SetStatusWidths(kStatusFields, widths);
     MakePages();
     MakeMenus();

@@ -1,5 +1,7 @@
 #include "cli_program.h"
 
+#include "system/program.h"
+
 #include <gmock/gmock.h>
 
 namespace tamarind::tests {
