@@ -111,9 +111,7 @@ std::size_t clsNodes::PositionOf(NodeKey key) const {
     return index == count_ ? 0 : index + 1;
 }
 
-void clsNodes::MoveLastTo(std::size_t index) {
-    std::rotate(items_ + index, items_ + count_ - 1, items_ + count_);
-}
+void clsNodes::MoveLastTo(std::size_t index) { std::rotate(items_ + index, items_ + count_ - 1, items_ + count_); }
 
 void clsNodes::RemoveAt(std::size_t index) {
     std::copy(items_ + index + 1, items_ + count_, items_ + index);

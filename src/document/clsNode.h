@@ -118,8 +118,8 @@ public:
 
     /// Appends a child element. Throws DuplicateKey when the parent holds that key already.
     clsNode& AddNode(clsNode& parent, std::string_view name, std::string_view characters, NodeKey key);
-    /// Puts a node of this document that was taken out of its parent back under `parent`, at the position `index` from 1
-    /// to its number of children and 1. Throws DuplicateKey; InvalidProcedureCall for any other position.
+    /// Puts a node of this document that was taken out of its parent back under `parent`, at the position `index` from
+    /// 1 to its number of children and 1. Throws DuplicateKey; InvalidProcedureCall for any other position.
     void PutBack(clsNode& parent, clsNode& node, std::size_t index);
     /// An attribute at a position from 1 to their number and 1. Throws InvalidProcedureCall for any other.
     void InsertAttribute(clsNode& node, std::size_t index, std::string_view name, std::string_view value);

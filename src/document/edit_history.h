@@ -24,14 +24,14 @@ struct Edit {
         AllRemoved, ///< every node
     };
     Kind kind = Kind::Name;
-    clsNode* node = nullptr;    ///< the changed, added or removed one
-    clsNode* parent = nullptr;  ///< of an added or removed node
-    std::size_t index = 0;      ///< from 1: of an attribute, or of a node in its parent
-    std::string before = {};    ///< a text; of a removed attribute its name
-    std::string after = {};     ///< a text; of a removed or added attribute its value
-    std::string name = {};      ///< of an added or removed attribute
-    bool marksModified = false; ///< whether such a change sets the modified flag
-    NodeKey keyCounter = 0;     ///< before an AllRemoved, after a NodeAdded
+    clsNode* node = nullptr;                ///< the changed, added or removed one
+    clsNode* parent = nullptr;              ///< of an added or removed node
+    std::size_t index = 0;                  ///< from 1: of an attribute, or of a node in its parent
+    std::string before = {};                ///< a text; of a removed attribute its name
+    std::string after = {};                 ///< a text; of a removed or added attribute its value
+    std::string name = {};                  ///< of an added or removed attribute
+    bool marksModified = false;             ///< whether such a change sets the modified flag
+    NodeKey keyCounter = 0;                 ///< before an AllRemoved, after a NodeAdded
     std::unique_ptr<Document> removed = {}; ///< by AllRemoved, while it is not taken back
 };
 

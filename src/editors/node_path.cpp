@@ -13,8 +13,8 @@ std::string PathOf(const document::clsNode& node) {
             if (sibling->NodeName == step->NodeName) ++count;
             if (sibling == step) position = count;
         }
-        path.insert(0, count > 1 ? fmt::format("/{}[{}]", step->NodeName, position)
-                                 : fmt::format("/{}", step->NodeName));
+        path.insert(0,
+                    count > 1 ? fmt::format("/{}[{}]", step->NodeName, position) : fmt::format("/{}", step->NodeName));
     }
     return path;
 }

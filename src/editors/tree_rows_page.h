@@ -89,8 +89,8 @@ private:
     void TakeFocus();
 
     Handlers handlers_;
-    wxTreeItemId clicked_;        ///< the row that the handlers know of
-    std::deque<Filling> filling_; ///< rows whose children are not all there yet
+    wxTreeItemId clicked_;               ///< the row that the handlers know of
+    std::deque<Filling> filling_;        ///< rows whose children are not all there yet
     std::deque<wxTreeItemId> expanding_; ///< rows that are to be expanded with all below them
     std::unordered_map<const document::clsNode*, wxTreeItemId> rows_;
     std::unordered_set<const document::clsNode*> marked_;

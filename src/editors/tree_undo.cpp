@@ -61,9 +61,7 @@ void Apply(EditorContext& context, Edit& edit, Direction direction) {
     switch (edit.kind) {
     case Edit::Kind::Name: Rename(context, edit, text); break;
     case Edit::Kind::Characters: document.SetCharacters(*edit.node, text); break;
-    case Edit::Kind::AttributeName:
-        document.SetAttributeName(edit.node->NodeAttributes.Item(edit.index), text);
-        break;
+    case Edit::Kind::AttributeName: document.SetAttributeName(edit.node->NodeAttributes.Item(edit.index), text); break;
     case Edit::Kind::AttributeValue:
         document.SetAttributeValue(edit.node->NodeAttributes.Item(edit.index), text);
         break;
@@ -90,7 +88,8 @@ void Apply(EditorContext& context, Edit& edit, Direction direction) {
 /// Shows where something has changed.
 void Show(EditorContext& context, const Edit& edit) {
     auto& open = context.document;
-    const bool isThere = edit.node != nullptr && document::FindChildByKey(open.document.Root(), edit.node->Key) == edit.node;
+    const bool isThere =
+        edit.node != nullptr && document::FindChildByKey(open.document.Root(), edit.node->Key) == edit.node;
     const clsNode* const shown = isThere ? edit.node : edit.parent;
     if (shown == nullptr || shown->ParentNode == nullptr || open.document.IsEmpty()) {
         ShowNoNode(context);

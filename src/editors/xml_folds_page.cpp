@@ -3,6 +3,7 @@
 #include <wx/stopwatch.h>
 
 #include <algorithm>
+#include <utility>
 
 // Which lines of the text fold away together. The levels of a large text are worked out between other events.
 namespace tamarind::editors {
@@ -27,7 +28,9 @@ int Packed(const FoldState& state) {
 FoldState Unpacked(int bits) {
     const int quote = bits >> (kDepthBits + kInsideBits);
     return {.inside = static_cast<FoldState::Inside>(bits >> kDepthBits & ((1 << kInsideBits) - 1)),
-            .quote = quote == 1 ? '"' : quote == 2 ? '\'' : '\0',
+            .quote = quote == 1   ? '"'
+                     : quote == 2 ? '\''
+                                  : '\0',
             .depth = static_cast<std::uint16_t>(bits & ((1 << kDepthBits) - 1))};
 }
 
@@ -51,6 +54,7 @@ void XmlText::NoteFoldChange(int line, int lastLine, int addedLines) {
 
 void XmlText::OnIdle(wxIdleEvent& event) {
     event.Skip();
+    if (std::exchange(hasNews_, false) && onChanged) onChanged();
     const wxStopWatch watch;
     const int lines = GetLineCount();
     while (foldFrom_ < lines && watch.Time() < kSliceMilliseconds) {

@@ -35,8 +35,8 @@ struct TagPair {
     bool operator==(const TagPair&) const = default;
 };
 
-/// The tag round `caret` and the one that belongs to it, as far as it lies in the text. Nothing outside of tags, and for
-/// one that stands alone.
+/// The tag round `caret` and the one that belongs to it, as far as it lies in the text. Nothing outside of tags, and
+/// for one that stands alone.
 [[nodiscard]] std::optional<TagPair> FindTagPair(std::string_view text, std::size_t caret);
 
 } // namespace tamarind::editors

@@ -228,8 +228,8 @@ void XmlText::FitScrollWidth() {
 void XmlText::FitLineNumbers() {
     const int digits = std::max(kFewestDigits, static_cast<int>(std::to_string(GetLineCount()).size()));
     if (std::exchange(numberDigits_, digits) == digits) return;
-    SetMarginWidth(kNumberMargin, TextWidth(wxSTC_STYLE_LINENUMBER, wxString('9', static_cast<std::size_t>(digits))) +
-                                      FromDIP(kGap));
+    SetMarginWidth(kNumberMargin,
+                   TextWidth(wxSTC_STYLE_LINENUMBER, wxString('9', static_cast<std::size_t>(digits))) + FromDIP(kGap));
 }
 
 std::string_view XmlText::View() const { return {GetCharacterPointer(), static_cast<std::size_t>(GetLength())}; }
@@ -310,12 +310,8 @@ void XmlText::OnUpdateUi(wxStyledTextEvent& event) {
     event.Skip();
     if ((event.GetUpdated() & (wxSTC_UPDATE_CONTENT | wxSTC_UPDATE_SELECTION)) == 0) return;
     MarkTags();
-    // This comes amid painting, where nothing else may be painted.
-    if (std::exchange(isTelling_, true)) return;
-    CallAfter([this] {
-        isTelling_ = false;
-        if (onChanged) onChanged();
-    });
+    // This comes amid painting, where nothing else may be painted, and a key's own picture comes first.
+    hasNews_ = true;
 }
 
 // --- tags that belong together

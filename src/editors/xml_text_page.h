@@ -99,7 +99,7 @@ private:
     int foldKnown_ = 0;    ///< lines before this one were worked out once
     std::optional<TagPair> marked_;
     bool isMarkStale_ = false; ///< the text has changed since
-    bool isTelling_ = false;   ///< onChanged is about to be called
+    bool hasNews_ = false;     ///< onChanged is to be called
 };
 
 } // namespace tamarind::editors

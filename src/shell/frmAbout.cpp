@@ -21,8 +21,7 @@ constexpr const char* kCare = "Before a game file is changed, its old content is
 
 } // namespace
 
-frmAbout::frmAbout(wxWindow* parent)
-    : wxDialog(parent, wxID_ANY, wxString("About ") + platform::kApplicationTitle) {
+frmAbout::frmAbout(wxWindow* parent) : wxDialog(parent, wxID_ANY, wxString("About ") + platform::kApplicationTitle) {
     SetName("frmAbout");
     platform::SetWindowIcons(*this);
     const int gap = FromDIP(kGap);

@@ -124,9 +124,7 @@ void MakeGameFilesWritable(EditorContext& context) {
     context.ui.Show({.text = "All files are now Read/Write"});
 }
 
-void ShowContents(EditorContext& context) {
-    context.view.ShowHelp(context.session.ProgramFolder + "\\Tamarind.chm");
-}
+void ShowContents(EditorContext& context) { context.view.ShowHelp(context.session.ProgramFolder + "\\Tamarind.chm"); }
 
 void ShowAbout(EditorContext& context) { context.view.ShowAbout(); }
 

@@ -70,7 +70,8 @@ TEST(FindTagPair, FindsTheStartTagOfAnEndTag) {
 
 TEST(FindTagPair, PassesOverComments) {
     const std::size_t real = kText.find("--></b>") + 3;
-    EXPECT_EQ(PairAt("><b><!", 1), (TagPair{{kText.find("><b><!") + 1, kText.find("><b><!") + 3}, TagRange{real, real + 3}}));
+    EXPECT_EQ(PairAt("><b><!", 1),
+              (TagPair{{kText.find("><b><!") + 1, kText.find("><b><!") + 3}, TagRange{real, real + 3}}));
     EXPECT_EQ(FindTagPair(kText, real + 1),
               (TagPair{{real, real + 3}, TagRange{kText.find("><b><!") + 1, kText.find("><b><!") + 3}}));
 }

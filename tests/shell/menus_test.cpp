@@ -130,8 +130,7 @@ TEST_F(MenuItemsTest, EachOfTheHousekeepingCommandsIsItsOwn) {
     Item("mnuFind").command(rig.context);
     Item("mnuContents").command(rig.context);
     Item("mnuAbout").command(rig.context);
-    EXPECT_THAT(rig.view.calls,
-                testing::ElementsAre("ShowTextSearch", "ShowHelp C:\\Kit\\Tamarind.chm", "ShowAbout"));
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("ShowTextSearch", "ShowHelp C:\\Kit\\Tamarind.chm", "ShowAbout"));
     files.folders = {"C:\\Kit"};
     Item("mnuCTF").command(rig.context);
     EXPECT_TRUE(files.IsFolder("C:\\Kit\\TempFiles"));

@@ -234,7 +234,8 @@ TEST_F(Options, MakeGameFilesWritableNeverRunsOnAWholeDrive) {
     files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
     MakeGameFilesWritable(rig.context);
     EXPECT_TRUE(rig.processes.starts.empty());
-    EXPECT_EQ(rig.ui.MessageTexts(), std::vector<std::string>{"Please select the RS path from the Options menu first."});
+    EXPECT_EQ(rig.ui.MessageTexts(),
+              std::vector<std::string>{"Please select the RS path from the Options menu first."});
 }
 
 TEST_F(Options, ContentsAndAboutAreShown) {

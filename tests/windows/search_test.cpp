@@ -240,9 +240,7 @@ protected:
         Choose("mnuFind");
         PumpFor(milliseconds(200));
     }
-    wxDialog& Dialog() {
-        return dynamic_cast<wxDialog&>(*wxWindow::FindWindowByName("dlgSearch"));
-    }
+    wxDialog& Dialog() { return dynamic_cast<wxDialog&>(*wxWindow::FindWindowByName("dlgSearch")); }
     template <class Control = wxWindow> Control& In(const char* name) {
         return dynamic_cast<Control&>(*Dialog().FindWindow(name));
     }

@@ -331,21 +331,15 @@ private:
 
 TEST_F(NodesPopUp, OffersANewPrimaryNodeInAnEmptyTree) {
     OpenWithTreeEditor();
-    const ShownItems nodes{{"&New Primary Node", true},
-                           {"Rename Node", false},
-                           {"Delete Node", false},
-                           {"Copy", false},
-                           {"Paste", false}};
+    const ShownItems nodes{
+        {"&New Primary Node", true}, {"Rename Node", false}, {"Delete Node", false}, {"Copy", false}, {"Paste", false}};
     EXPECT_EQ(PopUp({}), With(nodes, false, false));
 }
 
 TEST_F(NodesPopUp, SelectsTheRowAndOffersWhatCanBeDoneWithIt) {
     OpenDocument();
-    const ShownItems nodes{{"&New Child Node", true},
-                           {"Rename Node", true},
-                           {"Delete Node", true},
-                           {"Copy", true},
-                           {"Paste", false}};
+    const ShownItems nodes{
+        {"&New Child Node", true}, {"Rename Node", true}, {"Delete Node", true}, {"Copy", true}, {"Paste", false}};
     EXPECT_EQ(PopUp(Row(Top(), "Halt")), With(nodes, true, true));
     EXPECT_EQ(Selected().NodeName, "Halt");
     ChooseNode("mnuEditCopy");
