@@ -90,8 +90,11 @@ bool TreePage::DoKeyOfRows(const wxKeyEvent& event) {
     } else if (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && key == 'C') {
         CopyPath();
     } else if (modifiers == wxMOD_NONE && key == WXK_INSERT) {
-        run_([](EditorContext& context) {
-            if (PrepareNodePopUp(context.document).isShown) NewNode(context);
+        // Behind the key: on Windows the control would end the editing of the new name at once.
+        CallAfter([this] {
+            run_([](EditorContext& context) {
+                if (PrepareNodePopUp(context.document).isShown) NewNode(context);
+            });
         });
     } else if (key == WXK_NUMPAD_MULTIPLY || (key == WXK_RIGHT && modifiers == (wxMOD_CONTROL | wxMOD_SHIFT))) {
         rows_->ExpandEverything();
