@@ -3,7 +3,6 @@
 #include <wx/stopwatch.h>
 
 #include <algorithm>
-#include <utility>
 
 // Which lines of the text fold away together. The levels of a large text are worked out between other events.
 namespace tamarind::editors {
@@ -54,7 +53,6 @@ void XmlText::NoteFoldChange(int line, int lastLine, int addedLines) {
 
 void XmlText::OnIdle(wxIdleEvent& event) {
     event.Skip();
-    if (std::exchange(hasNews_, false) && onChanged) onChanged();
     const wxStopWatch watch;
     const int lines = GetLineCount();
     while (foldFrom_ < lines && watch.Time() < kSliceMilliseconds) {

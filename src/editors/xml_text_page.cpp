@@ -35,6 +35,7 @@ constexpr int kColourPiece = 4'000'000;
 /// A line longer than this is coloured only as a whole, not while somebody types in it.
 constexpr int kLongLine = 1'000'000;
 
+constexpr int kNewsMilliseconds = 60;
 constexpr int kPairMark = 8;
 /// How far away a tag's partner is looked for, in bytes.
 constexpr int kPairReach = 1'000'000;
@@ -157,6 +158,9 @@ void XmlText::BindEvents() {
         FitLineNumbers();
     });
     Bind(wxEVT_IDLE, &XmlText::OnIdle, this);
+    news_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
+        if (onChanged) onChanged();
+    });
     Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
         ApplyAppearance();
         event.Skip();
@@ -310,8 +314,9 @@ void XmlText::OnUpdateUi(wxStyledTextEvent& event) {
     event.Skip();
     if ((event.GetUpdated() & (wxSTC_UPDATE_CONTENT | wxSTC_UPDATE_SELECTION)) == 0) return;
     MarkTags();
-    // This comes amid painting, where nothing else may be painted, and a key's own picture comes first.
-    hasNews_ = true;
+    // This comes amid painting, where nothing else may be painted; and what is painted at once would take the next
+    // frame of the screen from the key's own picture.
+    if (!news_.IsRunning()) news_.StartOnce(kNewsMilliseconds);
 }
 
 // --- tags that belong together

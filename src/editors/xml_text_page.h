@@ -6,6 +6,7 @@
 #include "session/editor_view.h"
 
 #include <wx/stc/stc.h>
+#include <wx/timer.h>
 
 #include <cstddef>
 #include <functional>
@@ -99,7 +100,7 @@ private:
     int foldKnown_ = 0;    ///< lines before this one were worked out once
     std::optional<TagPair> marked_;
     bool isMarkStale_ = false; ///< the text has changed since
-    bool hasNews_ = false;     ///< onChanged is to be called
+    wxTimer news_;             ///< until onChanged is called
 };
 
 } // namespace tamarind::editors
