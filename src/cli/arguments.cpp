@@ -125,6 +125,8 @@ void AddPackageCommands(CLI::App& app, Arguments& arguments) {
 
     AddPath(AddCommand(*package, arguments, "verify", "List what a package holds and what is missing or odd"), "FOLDER",
             arguments.file, "The package's folder");
+    AddPath(AddCommand(app, arguments, "install", "Install a package into the game"), "PACKAGE", arguments.file,
+            "The package's folder");
 }
 
 /// The command that the words name, as far as they do.

@@ -83,6 +83,13 @@ enum class Ended {
 
 /// The menu command that deletes and checks routes: opens the window for that.
 void OpenRoutes(session::EditorContext& context);
+/// Opens the window in a mode (0 or kSet); one that is open in the other mode closes first. While the window packages
+/// scenarios it only comes to the front, so that what was added is not lost.
+void OpenRoutesFor(session::EditorContext& context, std::int16_t routeFormMode);
+/// Told where a window that packages scenarios is in the way of another job.
+inline constexpr const char* kScenariosFirst = "Please close this window first: it packages scenarios.";
+[[nodiscard]] bool PackagesRoute(const session::RouteState& state);
+[[nodiscard]] bool PackagesScenarios(const session::RouteState& state);
 
 /// Window load: reads the routes index and lists its routes. Without an index the lists are empty.
 /// Throws RuntimeError, which ends the program, for an index that cannot be read or whose records are not whole.

@@ -94,6 +94,10 @@ public:
     // Windows of the tools. They stay open beside the main window and close with it.
     /// Opens the routes window for the job that the session's RouteState names; one that is open comes to the front.
     virtual void ShowRoutes() = 0;
+    /// Closes the routes window; false when it stays open, since a command of its is running.
+    virtual bool CloseRoutes() = 0;
+    /// Opens the asset packager's window; one that is open comes to the front.
+    virtual void ShowAssets() = 0;
 };
 
 } // namespace tamarind::session

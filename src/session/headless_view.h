@@ -45,6 +45,8 @@ public:
     void ShowCharacters(const std::string&) override {}
     [[nodiscard]] std::optional<NewAttribute> AskForAttribute() override { return std::nullopt; }
     void ShowRoutes() override {}
+    bool CloseRoutes() override { return true; }
+    void ShowAssets() override {}
 
 private:
     std::string caption_;

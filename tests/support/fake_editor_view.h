@@ -12,7 +12,8 @@ namespace tamarind::tests {
 class FakeEditorView : public session::HeadlessView {
 public:
     /// Rows and pages, in order: "ShowTree", "ClearTree", "AddRow nod2", "RemoveRow nod2", "EditRowLabel nod2",
-    /// "ShowPage text", "ShowPage tree", "SetGeometry", "ShowWindow", "CloseWindow", "ShowRoutes".
+    /// "ShowPage text", "ShowPage tree", "SetGeometry", "ShowWindow", "CloseWindow", "ShowRoutes",
+    /// "CloseRoutes", "ShowAssets".
     std::vector<std::string> calls;
 
     session::Page page = session::Page::Text;
@@ -20,6 +21,7 @@ public:
     bool isAreaEnabled = false;
     bool isEditingEnabled = false;
     std::vector<std::string> attributeNames;
+    bool closesRoutes = true; ///< what CloseRoutes answers
     int selectedAttribute = -1;
     std::string attributeValue;
     std::string characters;
@@ -83,6 +85,11 @@ public:
     void ShowCharacters(const std::string& text) override { characters = text; }
     [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override { return newAttribute; }
     void ShowRoutes() override { calls.emplace_back("ShowRoutes"); }
+    bool CloseRoutes() override {
+        calls.emplace_back("CloseRoutes");
+        return closesRoutes;
+    }
+    void ShowAssets() override { calls.emplace_back("ShowAssets"); }
 };
 
 } // namespace tamarind::tests
