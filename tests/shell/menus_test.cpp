@@ -92,6 +92,8 @@ protected:
     }
     bool IsEnabled(std::string_view name) { return IsItemEnabled(Item(name), rig.context); }
 
+    MenuItemsTest() { files.folders = {"C:", "C:\\Kit", "C:\\Kit\\TempFiles"}; }
+
     tests::MemoryFiles files;
     tests::EditorRig rig{files, "C:\\Kit"};
 };
