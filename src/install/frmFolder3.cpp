@@ -154,11 +154,7 @@ wxSizer* frmFolder3::MakePackage() {
     column->Add(MakeLabel(this, "In the pac&kage"), wxSizerFlags().Border(wxBOTTOM, half));
     list1_ = MakeList("List1", wxLB_EXTENDED);
     list1_->SetInitialSize(SizeOf(*list1_, kCharactersInPackage, kLinesInFolders));
-    column->Add(list1_, wxSizerFlags(1).Expand().Border(wxBOTTOM, 2 * half));
-    text3_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
-    text3_->SetName("Text3");
-    text3_->SetHint("Select a folder of the package to see its size");
-    column->Add(text3_, wxSizerFlags().Expand());
+    column->Add(list1_, wxSizerFlags(1).Expand());
     return column;
 }
 
@@ -195,6 +191,10 @@ void frmFolder3::MakeControls() {
     // The buttons begin beside the lists, below the line of the labels.
     columns->Add(MakeButtons(), wxSizerFlags().Border(wxTOP, GetCharHeight() + gap / 2));
     outer->Add(columns, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));
+    text3_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
+    text3_->SetName("Text3");
+    text3_->SetHint("Select a folder of the package to see where it comes from and how large it is");
+    outer->Add(text3_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
     outer->Add(MakeBottom(), wxSizerFlags().Expand().Border(wxALL, gap));
     buttons_[AssetControl::Command1]->SetDefault();
     SetSizer(outer);

@@ -53,8 +53,8 @@ nlohmann::json CliTest::RunJson(const std::vector<std::string>& words, int exitC
 Environment CliTest::WithOwnCopyProgram() const {
     if (std::string(XCOPY_NAME).empty()) return {};
     fs::create_directories(Path("Copy"));
-    fs::copy_file(samples::ProgramFolder() / XCOPY_NAME, Path("Copy") / "xcopy.exe",
-                  fs::copy_options::overwrite_existing);
+    if (const fs::path copy = Path("Copy") / "xcopy.exe"; !fs::exists(copy))
+        fs::copy_file(samples::ProgramFolder() / XCOPY_NAME, copy);
     const char* const path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nothing changes it
     return {{"PATH", samples::Utf8(Path("Copy").make_preferred()) + ";" + (path == nullptr ? "" : path)}};
 }
