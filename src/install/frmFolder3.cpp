@@ -1,11 +1,12 @@
 #include "install/frmFolder3.h"
 
+#include "icons.h"
 #include "platform/paths.h"
 #include "platform/wx/bordered_panel.h"
+#include "platform/wx/bundle.h"
 #include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 
-#include <wx/artprov.h>
 #include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/display.h>
@@ -34,7 +35,7 @@ constexpr int kFewestCharacters = 14;
 constexpr int kLinesInFolders = 16;
 constexpr int kFewestLines = 6;
 
-// The pictures of the folder list.
+// The pictures of the folder list. The systems' own are not the same everywhere, and some are no folders.
 enum Picture : int { kDrivePicture, kOpenPicture, kClosedPicture };
 
 /// The index of a row of the folder list.
@@ -119,14 +120,15 @@ wxSizer* frmFolder3::MakeFolders() {
     drive1_ = new wxChoice(this, wxID_ANY);
     drive1_->SetName("Drive1");
     column->Add(drive1_, wxSizerFlags().Expand().Border(wxBOTTOM, 2 * half));
-    column->Add(MakeLabel(this, "Fol&ders"), wxSizerFlags().Border(wxBOTTOM, half));
+    column->Add(MakeLabel(this, "F&olders"), wxSizerFlags().Border(wxBOTTOM, half));
     auto* const border = new platform::BorderedPanel(this);
     dir1_ = new wxTreeCtrl(border, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                            wxTR_SINGLE | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT | wxWANTS_CHARS | wxBORDER_NONE);
     dir1_->SetName("Dir1");
     wxVector<wxBitmapBundle> pictures;
-    for (const char* const picture : {wxART_HARDDISK, wxART_FOLDER_OPEN, wxART_FOLDER})
-        pictures.push_back(wxArtProvider::GetBitmapBundle(picture, wxART_LIST));
+    pictures.push_back(platform::BundleOf(drive_16_png, drive_24_png, drive_32_png));
+    pictures.push_back(platform::BundleOf(folder_open_16_png, folder_open_24_png, folder_open_32_png));
+    pictures.push_back(platform::BundleOf(folder_16_png, folder_24_png, folder_32_png));
     dir1_->SetImages(pictures);
     dir1_->SetInitialSize(SizeOf(*dir1_, kCharactersInFolders, kLinesInFolders));
     border->Hold(dir1_);

@@ -55,6 +55,12 @@ TEST_F(RoutesLayout, ShowsEveryControlWholeWhileScenariosArePackaged) {
     ExpectWellPlacedAtEverySize(*routes_, 16);
 }
 
+TEST_F(RoutesLayout, ShowsEveryControlOfTheAssetPackagerWhole) {
+    Choose("mnuPackAss");
+    // Six labels, three text boxes, drive, folders in their border, files, package, four buttons and the status line.
+    ExpectWellPlacedAtEverySize(TopLevel("frmFolder3"), 19);
+}
+
 TEST_F(RoutesLayout, ShowsWholeIdsWhenItOpens) {
     OpenRoutes();
     const int needed = 3 * List("List2").GetTextExtent(samples::kAlderRoute.data()).x;
