@@ -57,8 +57,9 @@ void CopyContentOver(platform::Files& files, platform::UserInterface& ui, const 
     routes::ScanProgress progress(ui, "Installing");
     progress.Expect(content.files.size());
     platform::EntryNames names(files, target);
+    const std::string below = target + "\\";
     for (const std::string& path : content.folders) {
-        const std::string to = target + "\\" + path;
+        const std::string to = below + path;
         if (!files.IsFolder(to)) PassOver(result, path, [&] { files.CreateFolder(to); });
     }
     for (const PackageContent::File& file : content.files) {

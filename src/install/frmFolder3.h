@@ -16,7 +16,7 @@ class wxTreeItemId;
 namespace tamarind::install {
 
 /// The asset packager: folders are looked for on the left, and gathered on the right.
-class frmFolder3 : public routes::frmTool {
+class frmFolder3 final : public routes::frmTool {
 public:
     /// `window` as LoadAssets has filled it.
     frmFolder3(wxWindow* parent, session::EditorContext& context, AssetWindow window, Owner owner);

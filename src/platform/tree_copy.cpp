@@ -99,7 +99,7 @@ std::pair<std::string, bool> EntryNames::Find(const std::string& name) const {
 
 void EntryNames::Add(const std::string& name) { names_.emplace(text::ToLower(name), name); }
 
-TreeCopier::TreeCopier(Files& files, std::string from, std::string to)
+TreeCopier::TreeCopier(Files& files, const std::string& from, std::string to)
     : files_(files), from_(WithoutTrailingBackslash(files.ResolveLinks(from))), to_(std::move(to)), names_(files, to_),
       buffer_(kBlock, '\0') {}
 

@@ -52,7 +52,7 @@ private:
 /// takes can be copied again. Existing files are overwritten, whatever the letter case of their names.
 class TreeCopier {
 public:
-    TreeCopier(Files& files, std::string from, std::string to);
+    TreeCopier(Files& files, const std::string& from, std::string to);
 
     /// Makes a folder below the target, and those above it, where they are missing; the empty path is the target.
     void MakeFolder(const std::string& path);

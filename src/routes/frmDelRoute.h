@@ -15,7 +15,7 @@ class wxSizer;
 namespace tamarind::routes {
 
 /// The routes of the game and the scenarios of one of them, for deleting, checking and packaging.
-class frmDelRoute : public frmTool {
+class frmDelRoute final : public frmTool {
 public:
     /// `window` as LoadRoutes has filled it.
     frmDelRoute(wxWindow* parent, session::EditorContext& context, RouteWindow window, Owner owner);

@@ -32,8 +32,8 @@ const std::vector<ShownMenu> kOtherMenus{
     {"Search Tamarind Editor", {"&Find"}},
     {"Conversions", {"Convert RS to .dds", "View .dds File", "Edit .dds File", "Convert .dds to RS"}},
     {"Tools",
-     {"Check Routes or Scenarios", "Package Assets", "Package Route", "Package Scenarios", "Convert Marker files",
-      "Package Assets", "Package Route", "Package Scenarios", "Set Up Developer Folder", "Set Up Sub- Folders"}},
+     {"Check Routes or Scenarios", "Convert Marker files", "Package Assets", "Package Route", "Package Scenarios",
+      "Set Up Developer Folder", "Set Up Sub- Folders"}},
     {"Easy Blueprints", {"Markers - Named", "Markers - Series", "Route Template"}},
     {"Options",
      {"Clear Screen", "Clear Temp Files", "Make all RS files Read/Write", "Select Default Editor", "Select RS Path",
@@ -123,7 +123,8 @@ TEST_F(MenuBar, DisablesEveryItemWithoutACommand) {
     Open();
     EXPECT_EQ(Enabled(1, 6),
               (std::set<std::string>{"Convert RS to .dds", "View .dds File", "Edit .dds File", "Convert .dds to RS",
-                                     "Check Routes or Scenarios", "Select Default Editor", "Select RS Path",
+                                     "Check Routes or Scenarios", "Package Assets", "Package Route",
+                                     "Package Scenarios", "Select Default Editor", "Select RS Path",
                                      "Texture Editor Path", "Use Tamarind Editor this session only",
                                      "Use XML Editor this session only", "Viewer Path"}));
 }
