@@ -9,6 +9,7 @@
 #include "routes/deletion.h"
 #include "routes/frmListRS.h"
 #include "routes/frmReport.h"
+#include "routes/scenario_hand_over.h"
 #include "routes/stock.h"
 
 #include <wx/button.h>
@@ -167,7 +168,7 @@ void frmDelRoute::MakeControls() {
               wxSizerFlags().Expand().Border(wxTOP, top));
     rows->Add(MakeScenarios(), wxSizerFlags(1).Expand());
     rows->Add(column({MakeButton(Control::Command3, "Command3", 't', &frmDelRoute::Command3_Click),
-                      MakeButton(Control::Command7, "Command7", 'd', nullptr),
+                      MakeButton(Control::Command7, "Command7", 'd', &frmDelRoute::Command7_Click),
                       MakeButton(Control::Command2, "Command2", 'S', &frmDelRoute::Command2_Click),
                       MakeButton(Control::Command5, "Command5", 'A', nullptr),
                       MakeButton(Control::Command6, "Command6", 'P', nullptr)}),
@@ -274,6 +275,13 @@ void frmDelRoute::Command4_Click() {
     RunOn(*list1_, kNoRoute, [this](EditorContext& context, Selection selected) {
         ReportWindows reports(this, owner_.run);
         return CheckRoute(context, window_, selected, reports).ended;
+    });
+}
+
+void frmDelRoute::Command7_Click() {
+    RunOn(*list3_, kNoScenario, [this](EditorContext& context, Selection selected) {
+        EditScenario(context, window_, selected);
+        return Ended::Declined; // the scenario stays selected
     });
 }
 

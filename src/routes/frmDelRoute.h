@@ -56,6 +56,7 @@ private:
     void Command2_Click();
     void Command3_Click();
     void Command4_Click();
+    void Command7_Click();
     void OKButton_Click();
     void OnClose(wxCloseEvent& event);
     void OnRouteSelected();

@@ -94,6 +94,8 @@ public:
     // Windows of the tools. They stay open beside the main window and close with it.
     /// Opens the routes window for the job that the session's RouteState names; one that is open comes to the front.
     virtual void ShowRoutes() = 0;
+    /// Opens the scenario editor on what the session's ScenarioEditState holds, and returns when it is closed.
+    virtual void ShowScenarioEditor() = 0;
 };
 
 } // namespace tamarind::session

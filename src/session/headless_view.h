@@ -45,6 +45,7 @@ public:
     void ShowCharacters(const std::string&) override {}
     [[nodiscard]] std::optional<NewAttribute> AskForAttribute() override { return std::nullopt; }
     void ShowRoutes() override {}
+    void ShowScenarioEditor() override {}
 
 private:
     std::string caption_;

@@ -83,6 +83,7 @@ public:
     void ShowCharacters(const std::string& text) override { characters = text; }
     [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override { return newAttribute; }
     void ShowRoutes() override { calls.emplace_back("ShowRoutes"); }
+    void ShowScenarioEditor() override { calls.emplace_back("ShowScenarioEditor"); }
 };
 
 } // namespace tamarind::tests
