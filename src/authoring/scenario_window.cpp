@@ -52,7 +52,7 @@ std::string BehindAssets(const std::string& gameFolder, const std::string& folde
     constexpr std::string_view kAssets = "Assets";
     const bool isInGame = text::StartsWithNoCase(folder, gameFolder + "\\");
     const std::size_t found = text::FindNoCase(folder, kAssets, isInGame ? gameFolder.size() + 1 : 1);
-    const std::size_t behind = found + kAssets.size();
+    const std::size_t behind = found + kAssets.size(); // counted from 0, where the position counts from 1
     return found == 0 || behind >= folder.size() ? std::string() : folder.substr(behind);
 }
 
@@ -118,7 +118,6 @@ bool SetWeather(EditorContext& context, ScenarioWindow& window, std::size_t file
     std::string name = window.File1[file];
     if (text::EndsWithNoCase(name, "bin")) name = platform::WithLastThreeReplaced(name, "xml");
     std::string rest = BehindAssets(context.session.RailSimPath, window.Dir1);
-    if (!rest.empty()) rest.erase(0, 1);
     const std::string provider = TakeComponent(rest);
     const std::string product = TakeComponent(rest);
     if (provider.empty() || product.empty()) {

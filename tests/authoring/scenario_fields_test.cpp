@@ -28,7 +28,8 @@ TEST(FieldLabels, AreThoseOfTheWindow) {
 }
 
 TEST(ReadFields, TakesEachValueOfTheRecord) {
-    EXPECT_THAT(ReadFields(ScenarioRecord()),
+    const FieldTexts fields = ReadFields(ScenarioRecord());
+    EXPECT_THAT(std::vector<std::string>(fields.begin(), fields.end()),
                 ElementsAre("Morning Milk", "Take the empties.", "Stop everywhere.", "1200", "45", "1", "5", "1958",
                             "SEASON_SPRING", "Fernhollow", "AlderVale", "Weather\\Clear.xml"));
 }

@@ -227,8 +227,9 @@ TEST(Save, ASecondTimeInOneWindowOnlyTells) {
 
 // Why the window only tells: the shared record is the whole index by then.
 TEST(WriteScenario, ASecondTimeEditsTheWholeIndexAndPutsItIntoItself) {
-    ScenarioRig rig({}, {.id = "s1"});
+    ScenarioRig rig;
     // The second scenario is the one that is edited.
+    rig.folder.Write(RouteRig::Route("r1") + "\\Scenarios\\s2\\Scenario.bin", GameFile(rig.scenario));
     ASSERT_EQ(rig.HandOver(1), routes::Ended::Done);
     ASSERT_TRUE(authoring::LoadScenario(rig.context, rig.editor));
     const auto& edit = rig.context.session.ScenarioEdit;
