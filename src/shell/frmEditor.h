@@ -86,6 +86,7 @@ private:
     void ShowCharacters(const std::string& text) override;
     [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override;
     void ShowRoutes() override;
+    void ShowScenarioEditor() override;
 
     session::Session& session_;
     document::OpenDocument document_;

@@ -1,3 +1,4 @@
+#include "authoring/frmScenEdit.h"
 #include "convert/texture_xml.h"
 #include "editors/frmAddAttribute.h"
 #include "platform/wx/wx_text.h"
@@ -148,6 +149,16 @@ void frmEditor::ShowRoutes() {
         routes_->Show();
     }
     routes_->Raise();
+}
+
+void frmEditor::ShowScenarioEditor() {
+    authoring::ScenarioWindow window;
+    if (!authoring::LoadScenario(context_, window)) return;
+    wxWindow* const parent = routes_ ? static_cast<wxWindow*>(routes_.get()) : this;
+    authoring::frmScenEdit dialog(
+        parent, context_, std::move(window),
+        {.run = [this](const auto& command) { Run(command); }, .offerToStop = [this] { OfferToStop(); }});
+    dialog.ShowModal();
 }
 
 } // namespace tamarind::shell

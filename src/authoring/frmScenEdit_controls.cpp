@@ -1,0 +1,253 @@
+#include "authoring/frmScenEdit.h"
+#include "platform/wx/smallest_size.h"
+#include "platform/wx/wx_text.h"
+
+#include <wx/button.h>
+#include <wx/choice.h>
+#include <wx/datectrl.h>
+#include <wx/display.h>
+#include <wx/listbox.h>
+#include <wx/listctrl.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+#include <wx/timectrl.h>
+
+namespace tamarind::authoring {
+
+using platform::ToWx;
+
+namespace {
+
+constexpr int kGap = 6;
+constexpr int kTextCharacters = 44;
+constexpr int kFewestTextCharacters = 24;
+constexpr int kTextLines = 4;
+constexpr int kFewestTextLines = 2;
+constexpr int kListCharacters = 26;
+constexpr int kFewestListCharacters = 14;
+constexpr int kListLines = 6;
+constexpr int kFewestListLines = 3;
+constexpr int kDriverCharacters = 8;
+const wxColour kWarningColour(192, 0, 0);
+
+/// The caption with the key of its letter underlined.
+wxString WithMnemonic(const std::string& caption, char letter) {
+    std::string marked = caption;
+    marked.insert(marked.find(letter), 1, '&');
+    return ToWx(marked);
+}
+
+wxSize SizeOf(const wxWindow& control, int characters, int lines) {
+    return {characters * control.GetCharWidth(), lines * control.GetCharHeight()};
+}
+
+wxStaticText* MakeLine(wxWindow* parent, const char* name, long style = 0) {
+    auto* const line = new wxStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                        wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE | style);
+    line->SetName(name);
+    line->SetMinSize(wxSize(1, line->GetCharHeight()));
+    return line;
+}
+
+} // namespace
+
+wxTextCtrl* frmScenEdit::MakeText(wxWindow* parent, Field field, int characters, int lines) {
+    const auto index = static_cast<std::size_t>(field);
+    auto* const box = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                     lines > 1 ? wxTE_MULTILINE | wxTE_BESTWRAP : 0);
+    box->SetName(wxString::Format("Text1(%d)", static_cast<int>(index)));
+    // A box of one line knows its height itself.
+    const wxSize size = SizeOf(*box, characters, lines);
+    box->SetMinSize(wxSize(size.x, lines > 1 ? size.y : -1));
+    text1_.at(index) = box;
+    return box;
+}
+
+wxSizer* frmScenEdit::WithLabel(wxWindow* parent, Field field, char mnemonic, wxWindow* control) {
+    auto* const label = new wxStaticText(parent, wxID_ANY, WithMnemonic(LabelOf(field), mnemonic));
+    label->MoveBeforeInTabOrder(control);
+    auto* const cell = new wxBoxSizer(wxVERTICAL);
+    cell->Add(label, wxSizerFlags().Border(wxBOTTOM, FromDIP(2)));
+    cell->Add(control, wxSizerFlags(1).Expand());
+    return cell;
+}
+
+wxSizer* frmScenEdit::WithWarning(Field field, char mnemonic, wxTextCtrl* control) {
+    const auto index = static_cast<std::size_t>(field);
+    auto* const label = new wxStaticText(this, wxID_ANY, WithMnemonic(LabelOf(field), mnemonic));
+    label->MoveBeforeInTabOrder(control);
+    wxStaticText* const warning = MakeLine(this, "", wxALIGN_RIGHT);
+    warning->SetName(wxString::Format("Warning(%d)", static_cast<int>(index)));
+    warning->SetForegroundColour(kWarningColour);
+    warnings_.at(index) = warning;
+    auto* const line = new wxBoxSizer(wxHORIZONTAL);
+    line->Add(label, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+    line->Add(warning, wxSizerFlags(1));
+    auto* const cell = new wxBoxSizer(wxVERTICAL);
+    cell->Add(line, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(2)));
+    cell->Add(control, wxSizerFlags(1).Expand());
+    return cell;
+}
+
+wxButton* frmScenEdit::MakeButton(wxWindow* parent, const char* name, const wxString& caption, int id) {
+    auto* const button = new wxButton(parent, id, caption);
+    button->SetName(name);
+    // A default button needs a little more room than others, on some systems.
+    button->SetMinSize(button->GetBestSize() + FromDIP(wxSize(8, 0)));
+    return button;
+}
+
+wxListBox* frmScenEdit::MakeList(wxWindow* parent, const char* name) {
+    auto* const list = new wxListBox(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr,
+                                     wxLB_SINGLE | wxLB_HSCROLL | wxLB_NEEDED_SB);
+    list->SetName(name);
+    list->SetMinSize(SizeOf(*list, kListCharacters, kListLines));
+    return list;
+}
+
+wxSizer* frmScenEdit::MakeProperties() {
+    const int gap = FromDIP(kGap);
+    auto* const column = new wxBoxSizer(wxVERTICAL);
+    column->Add(WithWarning(Field::DisplayName, 'N', MakeText(this, Field::DisplayName, kTextCharacters)),
+                wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+    column->Add(WithWarning(Field::Description, 'D', MakeText(this, Field::Description, kTextCharacters, kTextLines)),
+                wxSizerFlags(1).Expand().Border(wxBOTTOM, gap));
+    column->Add(WithWarning(Field::Briefing, 'B', MakeText(this, Field::Briefing, kTextCharacters, kTextLines)),
+                wxSizerFlags(1).Expand().Border(wxBOTTOM, gap / 2));
+    start_ = MakeLine(this, "StartInWords");
+    start_->SetFont(start_->GetFont().Bold());
+    start_->SetMinSize(wxSize(1, start_->GetCharHeight()));
+    column->Add(start_, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+    column->Add(MakeStart(), wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+    column->Add(MakeSeason(), wxSizerFlags().Expand());
+    return column;
+}
+
+// Two rows; what is typed to the left, what is picked to the right.
+wxSizer* frmScenEdit::MakeStart() {
+    const int gap = FromDIP(kGap);
+    const auto cell = [&](Field field, char mnemonic, int characters) {
+        return WithLabel(this, field, mnemonic, MakeText(this, field, characters));
+    };
+    auto* const rows = new wxBoxSizer(wxVERTICAL);
+    auto* const times = new wxBoxSizer(wxHORIZONTAL);
+    times->Add(cell(Field::StartTime, 'T', 8), wxSizerFlags(1).Bottom().Border(wxRIGHT, gap));
+    clock_ = new wxTimePickerCtrl(this, wxID_ANY);
+    clock_->SetName("StartClock");
+    times->Add(clock_, wxSizerFlags().Bottom().Border(wxRIGHT, gap));
+    times->Add(cell(Field::Duration, 'u', 8), wxSizerFlags(1).Bottom());
+    rows->Add(times, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+    auto* const dates = new wxBoxSizer(wxHORIZONTAL);
+    dates->Add(cell(Field::StartDay, 'y', 5), wxSizerFlags(1).Bottom().Border(wxRIGHT, gap));
+    dates->Add(cell(Field::StartMonth, 'M', 5), wxSizerFlags(1).Bottom().Border(wxRIGHT, gap));
+    dates->Add(cell(Field::StartYear, 'r', 6), wxSizerFlags(1).Bottom().Border(wxRIGHT, gap));
+    calendar_ = new wxDatePickerCtrl(this, wxID_ANY, wxDefaultDateTime, wxDefaultPosition, wxDefaultSize,
+                                     wxDP_DROPDOWN | wxDP_SHOWCENTURY);
+    calendar_->SetName("StartCalendar");
+    dates->Add(calendar_, wxSizerFlags().Bottom());
+    rows->Add(dates, wxSizerFlags().Expand());
+    return rows;
+}
+
+wxSizer* frmScenEdit::MakeSeason() {
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(WithLabel(this, Field::Season, 'o', MakeText(this, Field::Season, 18)),
+             wxSizerFlags(1).Bottom().Border(wxRIGHT, FromDIP(kGap)));
+    wxArrayString seasons;
+    for (const char* const season : kSeasons)
+        seasons.Add(season);
+    combo1_ = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, seasons);
+    combo1_->SetName("Combo1");
+    row->Add(combo1_, wxSizerFlags(1).Bottom().ReserveSpaceEvenIfHidden());
+    return row;
+}
+
+wxSizer* frmScenEdit::MakeWeather() {
+    const int gap = FromDIP(kGap);
+    auto* const frame = new wxStaticBoxSizer(wxVERTICAL, this, "Select Weather Here if Required.");
+    wxStaticBox* const box = frame->GetStaticBox();
+    const auto cell = [&](Field field, char mnemonic) {
+        return WithLabel(box, field, mnemonic, MakeText(box, field, kFewestListCharacters));
+    };
+    auto* const names = new wxBoxSizer(wxHORIZONTAL);
+    names->Add(cell(Field::WeatherProvider, 'P'), wxSizerFlags(1).Border(wxRIGHT, gap));
+    names->Add(cell(Field::WeatherProduct, 'c'), wxSizerFlags(1));
+    frame->Add(names, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    frame->Add(cell(Field::WeatherBlueprint, 'l'), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    auto* const lists = new wxBoxSizer(wxHORIZONTAL);
+    dir1_ = MakeList(box, "Dir1");
+    file1_ = MakeList(box, "File1");
+    lists->Add(dir1_, wxSizerFlags(1).Expand().Border(wxRIGHT, gap));
+    lists->Add(file1_, wxSizerFlags(1).Expand());
+    frame->Add(lists, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    command3_ = MakeButton(box, "Command3", "Set &Weather", wxID_ANY);
+    frame->Add(command3_, wxSizerFlags().Right().Border(wxRIGHT | wxBOTTOM, gap));
+    return frame;
+}
+
+wxSizer* frmScenEdit::MakeConsists() {
+    const int gap = FromDIP(kGap);
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    auto* const consists = new wxStaticBoxSizer(wxVERTICAL, this, "Consists");
+    list1_ = new wxListView(consists->GetStaticBox(), wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                            wxLC_REPORT | wxLC_SINGLE_SEL);
+    list1_->SetName("List1");
+    list1_->SetMinSize(SizeOf(*list1_, kListCharacters, kListLines));
+    list1_->AppendColumn("Name");
+    list1_->AppendColumn("Driver", wxLIST_FORMAT_LEFT, kDriverCharacters * list1_->GetCharWidth());
+    consists->Add(list1_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    row->Add(consists, wxSizerFlags(1).Expand().Border(wxRIGHT, gap));
+
+    auto* const contents = new wxStaticBoxSizer(wxVERTICAL, this, "Contents of Consist");
+    list2_ = MakeList(contents->GetStaticBox(), "List2");
+    contents->Add(list2_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    command4_ = MakeButton(contents->GetStaticBox(), "Command4", "Drive It", wxID_ANY);
+    contents->Add(command4_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    row->Add(contents, wxSizerFlags(1).Expand());
+    return row;
+}
+
+wxSizer* frmScenEdit::MakeBottom() {
+    const int gap = FromDIP(kGap);
+    auto* const bottom = new wxBoxSizer(wxHORIZONTAL);
+    status_ = MakeLine(this, "StatusLine");
+    bottom->Add(status_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
+    command1_ = MakeButton(this, "Command1", "&Save Changes", wxID_ANY);
+    bottom->Add(command1_, wxSizerFlags().Border(wxRIGHT, gap));
+    command2_ = MakeButton(this, "Command2", ToWx(window_.Command2), wxID_CANCEL);
+    bottom->Add(command2_);
+    return bottom;
+}
+
+// In the order of the Tab key.
+void frmScenEdit::MakeControls() {
+    const int gap = FromDIP(kGap);
+    auto* const columns = new wxBoxSizer(wxHORIZONTAL);
+    columns->Add(MakeProperties(), wxSizerFlags(1).Expand().Border(wxRIGHT, 2 * gap));
+    auto* const right = new wxBoxSizer(wxVERTICAL);
+    right->Add(MakeWeather(), wxSizerFlags(1).Expand().Border(wxBOTTOM, gap));
+    right->Add(MakeConsists(), wxSizerFlags(1).Expand());
+    columns->Add(right, wxSizerFlags(1).Expand());
+    auto* const outer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(columns, wxSizerFlags(1).Expand().Border(wxALL, 2 * gap));
+    outer->Add(MakeBottom(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, 2 * gap));
+    SetSizer(outer);
+    ShrinkAndFit();
+}
+
+/// It opens with room, within the screen, and can be made smaller.
+void frmScenEdit::ShrinkAndFit() {
+    wxSize roomy = GetSizer()->ComputeFittingWindowSize(this);
+    Box(Field::DisplayName).SetMinSize(wxSize(SizeOf(*this, kFewestTextCharacters, 1).x, -1));
+    for (const Field field : {Field::Description, Field::Briefing})
+        Box(field).SetMinSize(SizeOf(*this, kFewestTextCharacters, kFewestTextLines));
+    for (wxWindow* const list : std::initializer_list<wxWindow*>{dir1_, file1_, list1_, list2_})
+        list->SetMinSize(SizeOf(*this, kFewestListCharacters, kFewestListLines));
+    platform::KeepWhole(*this);
+    roomy.DecTo(wxDisplay(this).GetClientArea().GetSize());
+    SetSize(roomy);
+}
+
+} // namespace tamarind::authoring
