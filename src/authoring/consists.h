@@ -16,7 +16,7 @@ inline constexpr std::size_t kMostConsists = 100;
 struct Consist {
     std::string name = {};                  ///< of its service, else "Loose Consist"; empty where all languages are
     std::vector<std::string> vehicles = {}; ///< empty names included
-    bool hasDriver = false;            ///< somebody can be made its driver
+    bool hasDriver = false;                 ///< somebody can be made its driver
     bool isPlayerDriven = false;
 };
 

@@ -122,9 +122,7 @@ void frmScenEdit::Combo1_Click() {
 void frmScenEdit::Dir1_Change() {
     const int row = dir1_->GetSelection();
     if (row == wxNOT_FOUND) return;
-    Run([this, row](EditorContext& context) {
-        ClickWeatherFolder(context, window_, static_cast<std::size_t>(row));
-    });
+    Run([this, row](EditorContext& context) { ClickWeatherFolder(context, window_, static_cast<std::size_t>(row)); });
     ShowWeatherLists();
     ShowState();
 }
@@ -290,7 +288,8 @@ void frmScenEdit::ShowDriveCaption() {
     const wxString caption = ToWx(DriveCaption(window_, SelectedConsist()));
     const wxClientDC room(command4_);
     const int width = command4_->GetSize().x - FromDIP(24); // its borders
-    const wxString shown = wxControl::Ellipsize(caption, room, wxELLIPSIZE_END, std::max(width, 1), wxELLIPSIZE_FLAGS_NONE);
+    const wxString shown =
+        wxControl::Ellipsize(caption, room, wxELLIPSIZE_END, std::max(width, 1), wxELLIPSIZE_FLAGS_NONE);
     command4_->SetToolTip(caption);
     if (command4_->GetLabelText() != shown) command4_->SetLabelText(shown);
 }

@@ -47,7 +47,7 @@ private:
     wxSizer* MakeConsists();
     wxSizer* MakeBottom();
     wxTextCtrl* MakeText(wxWindow* parent, Field field, int characters, int lines = 1);
-    wxSizer* WithLabel(wxWindow* parent, Field field, char mnemonic, wxWindow* control);
+    wxSizer* WithLabel(wxWindow* parent, Field field, char mnemonic, wxWindow* control, wxWindow* beside);
     wxSizer* WithWarning(Field field, char mnemonic, wxTextCtrl* control);
     wxButton* MakeButton(wxWindow* parent, const char* name, const wxString& caption, int id);
     wxListBox* MakeList(wxWindow* parent, const char* name);

@@ -21,14 +21,14 @@ using platform::ToWx;
 namespace {
 
 constexpr int kGap = 6;
-constexpr int kTextCharacters = 44;
-constexpr int kFewestTextCharacters = 24;
+constexpr int kTextCharacters = 42;
+constexpr int kFewestTextCharacters = 30;
 constexpr int kTextLines = 4;
 constexpr int kFewestTextLines = 2;
-constexpr int kListCharacters = 26;
-constexpr int kFewestListCharacters = 14;
-constexpr int kListLines = 6;
-constexpr int kFewestListLines = 3;
+constexpr int kListCharacters = 19;
+constexpr int kFewestListCharacters = 12;
+constexpr int kListLines = 8;
+constexpr int kFewestListLines = 4;
 constexpr int kDriverCharacters = 8;
 const wxColour kWarningColour(192, 0, 0);
 
@@ -41,6 +41,16 @@ wxString WithMnemonic(const std::string& caption, char letter) {
 
 wxSize SizeOf(const wxWindow& control, int characters, int lines) {
     return {characters * control.GetCharWidth(), lines * control.GetCharHeight()};
+}
+
+/// Cells beside each other that share what room there is beyond the least of each. (Proportions in a plain row would
+/// make every cell as wide as the widest.)
+wxFlexGridSizer* MakeRow(int cells, int gap) {
+    auto* const row = new wxFlexGridSizer(cells, 0, gap);
+    for (int cell = 0; cell < cells; ++cell)
+        row->AddGrowableCol(static_cast<std::size_t>(cell), 1);
+    row->AddGrowableRow(0, 1);
+    return row;
 }
 
 wxStaticText* MakeLine(wxWindow* parent, const char* name, long style = 0) {
@@ -65,12 +75,16 @@ wxTextCtrl* frmScenEdit::MakeText(wxWindow* parent, Field field, int characters,
     return box;
 }
 
-wxSizer* frmScenEdit::WithLabel(wxWindow* parent, Field field, char mnemonic, wxWindow* control) {
+wxSizer* frmScenEdit::WithLabel(wxWindow* parent, Field field, char mnemonic, wxWindow* control, wxWindow* beside) {
     auto* const label = new wxStaticText(parent, wxID_ANY, WithMnemonic(LabelOf(field), mnemonic));
     label->MoveBeforeInTabOrder(control);
     auto* const cell = new wxBoxSizer(wxVERTICAL);
     cell->Add(label, wxSizerFlags().Border(wxBOTTOM, FromDIP(2)));
-    cell->Add(control, wxSizerFlags(1).Expand());
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(control, wxSizerFlags(1).Expand());
+    if (beside != nullptr)
+        row->Add(beside, wxSizerFlags().Expand().Border(wxLEFT, FromDIP(kGap)).ReserveSpaceEvenIfHidden());
+    cell->Add(row, wxSizerFlags(1).Expand());
     return cell;
 }
 
@@ -125,43 +139,48 @@ wxSizer* frmScenEdit::MakeProperties() {
     return column;
 }
 
-// Two rows; what is typed to the left, what is picked to the right.
+// Two rows; what can be picked stands beside what is typed.
 wxSizer* frmScenEdit::MakeStart() {
     const int gap = FromDIP(kGap);
-    const auto cell = [&](Field field, char mnemonic, int characters) {
-        return WithLabel(this, field, mnemonic, MakeText(this, field, characters));
+    const auto cell = [&](Field field, char mnemonic, int characters, auto makeBeside) {
+        wxTextCtrl* const box = MakeText(this, field, characters);
+        return WithLabel(this, field, mnemonic, box, makeBeside());
     };
+    const auto nothing = [] { return static_cast<wxWindow*>(nullptr); };
+    auto* const times = MakeRow(2, gap);
+    times->Add(cell(Field::StartTime, 'T', 6,
+                    [this] {
+                        clock_ = new wxTimePickerCtrl(this, wxID_ANY);
+                        clock_->SetName("StartClock");
+                        return clock_;
+                    }),
+               wxSizerFlags().Expand());
+    times->Add(cell(Field::Duration, 'u', 6, nothing), wxSizerFlags().Expand());
+    auto* const dates = MakeRow(3, gap);
+    dates->Add(cell(Field::StartDay, 'y', 4, nothing), wxSizerFlags().Expand());
+    dates->Add(cell(Field::StartMonth, 'M', 4, nothing), wxSizerFlags().Expand());
+    dates->Add(cell(Field::StartYear, 'r', 6,
+                    [this] {
+                        calendar_ = new wxDatePickerCtrl(this, wxID_ANY, wxDefaultDateTime, wxDefaultPosition,
+                                                         wxDefaultSize, wxDP_DROPDOWN | wxDP_SHOWCENTURY);
+                        calendar_->SetName("StartCalendar");
+                        return calendar_;
+                    }),
+               wxSizerFlags().Expand());
     auto* const rows = new wxBoxSizer(wxVERTICAL);
-    auto* const times = new wxBoxSizer(wxHORIZONTAL);
-    times->Add(cell(Field::StartTime, 'T', 8), wxSizerFlags(1).Bottom().Border(wxRIGHT, gap));
-    clock_ = new wxTimePickerCtrl(this, wxID_ANY);
-    clock_->SetName("StartClock");
-    times->Add(clock_, wxSizerFlags().Bottom().Border(wxRIGHT, gap));
-    times->Add(cell(Field::Duration, 'u', 8), wxSizerFlags(1).Bottom());
     rows->Add(times, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
-    auto* const dates = new wxBoxSizer(wxHORIZONTAL);
-    dates->Add(cell(Field::StartDay, 'y', 5), wxSizerFlags(1).Bottom().Border(wxRIGHT, gap));
-    dates->Add(cell(Field::StartMonth, 'M', 5), wxSizerFlags(1).Bottom().Border(wxRIGHT, gap));
-    dates->Add(cell(Field::StartYear, 'r', 6), wxSizerFlags(1).Bottom().Border(wxRIGHT, gap));
-    calendar_ = new wxDatePickerCtrl(this, wxID_ANY, wxDefaultDateTime, wxDefaultPosition, wxDefaultSize,
-                                     wxDP_DROPDOWN | wxDP_SHOWCENTURY);
-    calendar_->SetName("StartCalendar");
-    dates->Add(calendar_, wxSizerFlags().Bottom());
     rows->Add(dates, wxSizerFlags().Expand());
     return rows;
 }
 
 wxSizer* frmScenEdit::MakeSeason() {
-    auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(WithLabel(this, Field::Season, 'o', MakeText(this, Field::Season, 18)),
-             wxSizerFlags(1).Bottom().Border(wxRIGHT, FromDIP(kGap)));
+    wxTextCtrl* const box = MakeText(this, Field::Season, 18);
     wxArrayString seasons;
     for (const char* const season : kSeasons)
         seasons.Add(season);
     combo1_ = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, seasons);
     combo1_->SetName("Combo1");
-    row->Add(combo1_, wxSizerFlags(1).Bottom().ReserveSpaceEvenIfHidden());
-    return row;
+    return WithLabel(this, Field::Season, 'o', box, combo1_);
 }
 
 wxSizer* frmScenEdit::MakeWeather() {
@@ -169,7 +188,7 @@ wxSizer* frmScenEdit::MakeWeather() {
     auto* const frame = new wxStaticBoxSizer(wxVERTICAL, this, "Select Weather Here if Required.");
     wxStaticBox* const box = frame->GetStaticBox();
     const auto cell = [&](Field field, char mnemonic) {
-        return WithLabel(box, field, mnemonic, MakeText(box, field, kFewestListCharacters));
+        return WithLabel(box, field, mnemonic, MakeText(box, field, kFewestListCharacters), nullptr);
     };
     auto* const names = new wxBoxSizer(wxHORIZONTAL);
     names->Add(cell(Field::WeatherProvider, 'P'), wxSizerFlags(1).Border(wxRIGHT, gap));
@@ -224,12 +243,12 @@ wxSizer* frmScenEdit::MakeBottom() {
 // In the order of the Tab key.
 void frmScenEdit::MakeControls() {
     const int gap = FromDIP(kGap);
-    auto* const columns = new wxBoxSizer(wxHORIZONTAL);
-    columns->Add(MakeProperties(), wxSizerFlags(1).Expand().Border(wxRIGHT, 2 * gap));
+    auto* const columns = MakeRow(2, 2 * gap);
+    columns->Add(MakeProperties(), wxSizerFlags().Expand());
     auto* const right = new wxBoxSizer(wxVERTICAL);
     right->Add(MakeWeather(), wxSizerFlags(1).Expand().Border(wxBOTTOM, gap));
     right->Add(MakeConsists(), wxSizerFlags(1).Expand());
-    columns->Add(right, wxSizerFlags(1).Expand());
+    columns->Add(right, wxSizerFlags().Expand());
     auto* const outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(columns, wxSizerFlags(1).Expand().Border(wxALL, 2 * gap));
     outer->Add(MakeBottom(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, 2 * gap));

@@ -18,8 +18,8 @@ void GetTag(std::string_view text, std::size_t& position, std::string_view key, 
 /// Throws InvalidProcedureCall, and changes nothing, when `position` is 0 or there is no whole element.
 void PutDetail(std::string& text, std::size_t& position, std::string_view key, std::string_view value);
 
-/// The text with PutDetail applied again and again from its start on, until no opening tag of the key is left. Throws as
-/// PutDetail.
+/// The text with PutDetail applied again and again from its start on, until no opening tag of the key is left. Throws
+/// as PutDetail.
 [[nodiscard]] std::string PutEveryDetail(std::string_view text, std::string_view key, std::string_view value);
 
 /// A text in five languages: the first that is not empty of English, French, Italian, German and Spanish, each looked

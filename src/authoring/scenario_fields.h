@@ -30,7 +30,9 @@ inline constexpr std::size_t kFieldCount = 12;
 class FieldTexts {
 public:
     [[nodiscard]] std::string& operator[](Field field) { return texts_.at(static_cast<std::size_t>(field)); }
-    [[nodiscard]] const std::string& operator[](Field field) const { return texts_.at(static_cast<std::size_t>(field)); }
+    [[nodiscard]] const std::string& operator[](Field field) const {
+        return texts_.at(static_cast<std::size_t>(field));
+    }
     [[nodiscard]] auto begin() const { return texts_.begin(); }
     [[nodiscard]] auto end() const { return texts_.end(); }
     bool operator==(const FieldTexts&) const = default;

@@ -75,8 +75,9 @@ void ShowError(EditorContext& context, const RuntimeError& error) {
 }
 
 void ShowUnchanged(EditorContext& context, const std::string& file) {
-    context.ui.Show({.text = "Nothing was changed: the converter wrote no new file, and the old one is in its place.\r\n" +
-                             platform::ForDisplay(file)});
+    context.ui.Show(
+        {.text = "Nothing was changed: the converter wrote no new file, and the old one is in its place.\r\n" +
+                 platform::ForDisplay(file)});
 }
 
 /// While the index is written; unless it was, the record is again what it was, and so is the index's text in TempFiles,

@@ -67,7 +67,8 @@ bool LoadScenario(EditorContext& context, ScenarioWindow& window) {
         const char* const reason = error.Code() == text::ErrorNumber::InvalidProcedureCall
                                        ? "its record holds no whole \"{}\"."
                                        : "the \"{}\" in its record is not a number of seconds in a day.";
-        context.ui.Show({.text = "This scenario cannot be edited: " + fmt::format(fmt::runtime(reason), error.Details())});
+        context.ui.Show(
+            {.text = "This scenario cannot be edited: " + fmt::format(fmt::runtime(reason), error.Details())});
         return false;
     }
     window.isRecordUtf8 = routes::AsUtf8(edit.ScenarioRecord) != edit.ScenarioRecord;

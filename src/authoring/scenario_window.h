@@ -28,10 +28,10 @@ struct ScenarioWindow {
     std::vector<Consist> Consists; ///< List1 shows their names
     std::string Command2 = "Cancel";
 
-    bool isSaved = false;       ///< the record is in the index: a second save would put the index into itself
-    bool isSaveEnabled = true;  ///< of Command1
-    bool isRecordUtf8 = false;  ///< the record's texts are UTF-8, though they were read as Windows-1252
-    bool isBusy = false;        ///< a command waits for the converter: no other one may begin
+    bool isSaved = false;      ///< the record is in the index: a second save would put the index into itself
+    bool isSaveEnabled = true; ///< of Command1
+    bool isRecordUtf8 = false; ///< the record's texts are UTF-8, though they were read as Windows-1252
+    bool isBusy = false;       ///< a command waits for the converter: no other one may begin
 };
 
 /// Window load. A record that cannot be edited is told: false.

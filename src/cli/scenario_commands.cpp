@@ -39,7 +39,8 @@ std::vector<std::string> NamedVehicles(const Consist& consist) {
 }
 
 std::string LineOf(std::size_t index, const Consist& consist) {
-    std::string line = fmt::format("{}\t{}\t{}", index, consist.isPlayerDriven ? "player" : "", OnOneLine(consist.name));
+    std::string line =
+        fmt::format("{}\t{}\t{}", index, consist.isPlayerDriven ? "player" : "", OnOneLine(consist.name));
     for (const std::string& vehicle : NamedVehicles(consist))
         line += "\t" + OnOneLine(vehicle);
     return line + "\n";

@@ -78,8 +78,8 @@ Ended EditScenario(EditorContext& context, RouteWindow& window, Selection select
     std::string reason;
     auto text = ConvertedScenario(context, window, folder, reason);
     if (!text) {
-        return Refuse(context,
-                      "its file could not be converted.\r\n" + platform::ForDisplay(folder + "\\Scenario.bin") + reason);
+        return Refuse(context, "its file could not be converted.\r\n" +
+                                   platform::ForDisplay(folder + "\\Scenario.bin") + reason);
     }
     context.session.ScenarioEdit = {.EditRouteFolder = window.RouteFolder,
                                     .EditScenarioFolder = folder,

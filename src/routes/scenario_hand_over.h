@@ -19,9 +19,9 @@ struct IndexParts {
 /// the id stands in no whole record.
 [[nodiscard]] IndexParts SplitIndex(std::string_view indexText, std::string_view id);
 
-/// Command7: hands the first selected scenario over in the session's ScenarioEditState, and opens the editor. Its record
-/// comes from the index as it was listed last, its own file is converted. What cannot be edited is told, and nothing is
-/// handed over. Without a selected scenario nothing happens: Failed.
+/// Command7: hands the first selected scenario over in the session's ScenarioEditState, and opens the editor. Its
+/// record comes from the index as it was listed last, its own file is converted. What cannot be edited is told, and
+/// nothing is handed over. Without a selected scenario nothing happens: Failed.
 Ended EditScenario(session::EditorContext& context, RouteWindow& window, Selection selectedScenarios);
 
 } // namespace tamarind::routes

@@ -101,8 +101,7 @@ TEST(PutDetail, FailsForAnElementThatDoesNotEnd) {
 }
 
 TEST(PutEveryDetail, SetsEachValue) {
-    EXPECT_EQ(PutEveryDetail("<F>1</F>-<F a=\"b\">yes</F>-<F></F>.", "F", "0"),
-              "<F>0</F>-<F a=\"b\">0</F>-<F>0</F>.");
+    EXPECT_EQ(PutEveryDetail("<F>1</F>-<F a=\"b\">yes</F>-<F></F>.", "F", "0"), "<F>0</F>-<F a=\"b\">0</F>-<F>0</F>.");
 }
 
 TEST(PutEveryDetail, LeavesATextWithoutTheKeyAlone) { EXPECT_EQ(PutEveryDetail("<G>1</G>", "F", "0"), "<G>1</G>"); }

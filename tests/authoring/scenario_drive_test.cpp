@@ -97,10 +97,10 @@ TEST(DriveIt, PutsTheOldScenarioBackWhenTheConverterWritesNothing) {
     EXPECT_FALSE(DriveIt(rig.context, rig.editor, 1).isDone);
     EXPECT_EQ(rig.folder.Read(kScenarioFile), GameFile(rig.scenario));
     EXPECT_EQ(rig.folder.Read(kFolder + "\\Scenario.bak"), GameFile(rig.scenario));
-    EXPECT_THAT(rig.Told(),
-                ElementsAre(kDriverUpdated, "Nothing was changed: the converter wrote no new file, and the old one is in "
-                                            "its place.\r\n" +
-                                                platform::ForDisplay(ScenarioFile(rig, "Scenario.bin"))));
+    EXPECT_THAT(rig.Told(), ElementsAre(kDriverUpdated,
+                                        "Nothing was changed: the converter wrote no new file, and the old one is in "
+                                        "its place.\r\n" +
+                                            platform::ForDisplay(ScenarioFile(rig, "Scenario.bin"))));
     EXPECT_EQ(rig.rig.ui.Messages()[1].icon, Icon::Exclamation);
     EXPECT_TRUE(rig.editor.Consists[0].isPlayerDriven);
     EXPECT_EQ(rig.context.session.ScenarioEdit.ScenarioText, rig.scenario);

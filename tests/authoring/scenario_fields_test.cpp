@@ -75,8 +75,9 @@ TEST_P(RecordWithout, CannotBeRead) {
 }
 
 TEST_P(RecordWithout, CannotBeWritten) {
-    ExpectError([] { static_cast<void>(WriteFields(ScenarioRecord({.without = GetParam()}), ReadFields(ScenarioRecord()))); },
-                ErrorNumber::InvalidProcedureCall);
+    ExpectError(
+        [] { static_cast<void>(WriteFields(ScenarioRecord({.without = GetParam()}), ReadFields(ScenarioRecord()))); },
+        ErrorNumber::InvalidProcedureCall);
 }
 
 INSTANTIATE_TEST_SUITE_P(Key, RecordWithout,

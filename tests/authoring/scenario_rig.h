@@ -1,8 +1,8 @@
 #pragma once
 
+#include "authoring/scenario_sample.h"
 #include "authoring/scenario_save.h"
 #include "authoring/scenario_window.h"
-#include "authoring/scenario_sample.h"
 #include "routes/route_rig.h"
 #include "routes/scenario_hand_over.h"
 
@@ -52,8 +52,8 @@ public:
 
     std::string record;
     std::string index;
-    std::string scenario =
-        "<cScenario>\r\n" + TrainText("Milk", "1") + TrainText("Mail", "0") + "<cConsist>\r\n</cConsist>\r\n</cScenario>\r\n";
+    std::string scenario = "<cScenario>\r\n" + TrainText("Milk", "1") + TrainText("Mail", "0") +
+                           "<cConsist>\r\n</cConsist>\r\n</cScenario>\r\n";
     authoring::ScenarioWindow editor;
 };
 

@@ -59,25 +59,28 @@ TEST_P(SaveRefuses, AndWritesNothing) {
     EXPECT_EQ(rig.editor.Command2, "Cancel");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Of, SaveRefuses,
-    testing::Values(Mistake{"AShortTime", Field::StartTime, "530", kTimeMessage},
-                    Mistake{"ALongTime", Field::StartTime, "05300", kTimeMessage},
-                    Mistake{"NoTime", Field::StartTime, "", kTimeMessage},
-                    Mistake{"ATimePastMidnight", Field::StartTime, "2401", kTimeMessage},
-                    Mistake{"ATimeThatIsNoNumber", Field::StartTime, "5:30", kTimeMessage},
-                    Mistake{"ATimeOfFewerCharactersThanBytes", Field::StartTime, "1\xC3\xBC" "1", kTimeMessage},
-                    Mistake{"DayZero", Field::StartDay, "0", kDayMessage},
-                    Mistake{"Day32", Field::StartDay, "32", kDayMessage},
-                    Mistake{"ADayThatIsNoNumber", Field::StartDay, "first", kDayMessage},
-                    Mistake{"NoDay", Field::StartDay, "", kDayMessage},
-                    Mistake{"MonthZero", Field::StartMonth, "0", kMonthMessage},
-                    Mistake{"Month13", Field::StartMonth, "13", kMonthMessage},
-                    Mistake{"AMonthThatIsNoNumber", Field::StartMonth, "May", kMonthMessage},
-                    Mistake{"WeatherThatIsNotThere", Field::WeatherBlueprint, "Weather\\Hail.xml", kWeatherMessage},
-                    Mistake{"NoWeather", Field::WeatherBlueprint, "", kWeatherMessage},
-                    Mistake{"AnotherProvider", Field::WeatherProvider, "Nobody", kWeatherMessage}),
-    [](const testing::TestParamInfo<Mistake>& param) { return param.param.name; });
+INSTANTIATE_TEST_SUITE_P(Of, SaveRefuses,
+                         testing::Values(Mistake{"AShortTime", Field::StartTime, "530", kTimeMessage},
+                                         Mistake{"ALongTime", Field::StartTime, "05300", kTimeMessage},
+                                         Mistake{"NoTime", Field::StartTime, "", kTimeMessage},
+                                         Mistake{"ATimePastMidnight", Field::StartTime, "2401", kTimeMessage},
+                                         Mistake{"ATimeThatIsNoNumber", Field::StartTime, "5:30", kTimeMessage},
+                                         Mistake{"ATimeOfFewerCharactersThanBytes", Field::StartTime,
+                                                 "1\xC3\xBC"
+                                                 "1",
+                                                 kTimeMessage},
+                                         Mistake{"DayZero", Field::StartDay, "0", kDayMessage},
+                                         Mistake{"Day32", Field::StartDay, "32", kDayMessage},
+                                         Mistake{"ADayThatIsNoNumber", Field::StartDay, "first", kDayMessage},
+                                         Mistake{"NoDay", Field::StartDay, "", kDayMessage},
+                                         Mistake{"MonthZero", Field::StartMonth, "0", kMonthMessage},
+                                         Mistake{"Month13", Field::StartMonth, "13", kMonthMessage},
+                                         Mistake{"AMonthThatIsNoNumber", Field::StartMonth, "May", kMonthMessage},
+                                         Mistake{"WeatherThatIsNotThere", Field::WeatherBlueprint, "Weather\\Hail.xml",
+                                                 kWeatherMessage},
+                                         Mistake{"NoWeather", Field::WeatherBlueprint, "", kWeatherMessage},
+                                         Mistake{"AnotherProvider", Field::WeatherProvider, "Nobody", kWeatherMessage}),
+                         [](const testing::TestParamInfo<Mistake>& param) { return param.param.name; });
 
 TEST(Save, ChecksInTheOrderOfTimeDayMonthWeather) {
     ScenarioRig rig;

@@ -117,8 +117,7 @@ TEST(ChooseSeason, CopiesItAndHidesTheChooser) {
 }
 
 TEST(Seasons, AreFour) {
-    EXPECT_THAT(authoring::kSeasons,
-                ElementsAre("SEASON_SPRING", "SEASON_SUMMER", "SEASON_AUTUMN", "SEASON_WINTER"));
+    EXPECT_THAT(authoring::kSeasons, ElementsAre("SEASON_SPRING", "SEASON_SUMMER", "SEASON_AUTUMN", "SEASON_WINTER"));
 }
 
 TEST(DriveCaption, NamesTheConsistThatGetsThePlayer) {

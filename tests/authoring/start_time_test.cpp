@@ -30,9 +30,9 @@ TEST(ShownStartTime, RoundsHalfHoursToTheEvenHour) {
 }
 
 TEST(ShownStartTime, RoundsTheMinutes) {
-    EXPECT_EQ(ShownStartTime("3630"), "0100"); // 0.5 of a minute
-    EXPECT_EQ(ShownStartTime("3690"), "0102"); // 1.5
-    EXPECT_EQ(ShownStartTime("3599"), "0160"); // both are rounded up
+    EXPECT_EQ(ShownStartTime("3630"), "0100");   // 0.5 of a minute
+    EXPECT_EQ(ShownStartTime("3690"), "0102");   // 1.5
+    EXPECT_EQ(ShownStartTime("3599"), "0160");   // both are rounded up
     EXPECT_EQ(ShownStartTime("3630.4"), "0100"); // 30 whole seconds
     EXPECT_EQ(ShownStartTime("3630.6"), "0101"); // 31
 }

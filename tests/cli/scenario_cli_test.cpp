@@ -72,18 +72,35 @@ TEST_F(ScenarioCli, ShowsThemAsLines) {
 
 TEST_F(ScenarioCli, SetsEveryFieldAndShowsItAgain) {
     const std::string before = ReadFile(Route() / "Scenarios.bin");
-    const json report = RunJson(
-        {"scenario",           "set",       kAlder,
-         kMilk,                "--display-name", "Evening Milk",
-         "--description",      "",          "--briefing",
-         "Stop nowhere.",      "--start-time", "2015",
-         "--duration",         "50",        "--day",
-         "24",                 "--month",   "12",
-         "--year",             "1961",      "--season",
-         "SEASON_WINTER",      "--weather-provider", "Tansywick",
-         "--weather-product",  "HarbourSet", "--weather-blueprint",
-         "Weather\\Snow.xml"},
-        0);
+    const json report = RunJson({"scenario",
+                                 "set",
+                                 kAlder,
+                                 kMilk,
+                                 "--display-name",
+                                 "Evening Milk",
+                                 "--description",
+                                 "",
+                                 "--briefing",
+                                 "Stop nowhere.",
+                                 "--start-time",
+                                 "2015",
+                                 "--duration",
+                                 "50",
+                                 "--day",
+                                 "24",
+                                 "--month",
+                                 "12",
+                                 "--year",
+                                 "1961",
+                                 "--season",
+                                 "SEASON_WINTER",
+                                 "--weather-provider",
+                                 "Tansywick",
+                                 "--weather-product",
+                                 "HarbourSet",
+                                 "--weather-blueprint",
+                                 "Weather\\Snow.xml"},
+                                0);
     EXPECT_EQ(report["result"], (json{{"backup", samples::Utf8((Route() / "Scenarios.bak").make_preferred())}}));
     EXPECT_EQ(report["messages"][0]["text"], "Your Scenario File has been updated.");
     EXPECT_EQ(report["messages"][0]["icon"], "information");
@@ -146,8 +163,8 @@ TEST_F(ScenarioCli, TakesTheFirstDriverOfAllForNoConsist) {
 TEST_F(ScenarioCli, RefusesAConsistThatIsNotThere) {
     for (const char* const number : {"4", "-2"}) {
         const json report = RunJson({"scenario", "drive", kAlder, kMilk, number}, 1);
-        EXPECT_EQ(report["messages"][0]["text"], "There is no consist " + std::string(number) +
-                                                     ": the scenario has 4, counted from 0.");
+        EXPECT_EQ(report["messages"][0]["text"],
+                  "There is no consist " + std::string(number) + ": the scenario has 4, counted from 0.");
     }
     EXPECT_FALSE(fs::exists(Scenario().parent_path() / "Scenario.bak"));
 }

@@ -64,7 +64,8 @@ TEST(EditScenario, ConvertsTheScenariosOwnFileHidden) {
     ScenarioRig rig;
     rig.HandOver();
     const platform::ProcessStart& start = rig.rig.processes.starts.back();
-    EXPECT_EQ(start.commandLine, "serz.exe \"" + (rig.folder / "Game\\content\\Routes\\r1\\Scenarios\\s1\\Scenario.bin") +
+    EXPECT_EQ(start.commandLine, "serz.exe \"" +
+                                     (rig.folder / "Game\\content\\Routes\\r1\\Scenarios\\s1\\Scenario.bin") +
                                      "\" xml:\"" + (rig.folder / "Kit\\TempFiles\\Scenario.xml") + "\"");
     EXPECT_EQ(start.folder, rig.folder / "Kit");
     EXPECT_EQ(start.style, platform::WindowStyle::Hidden);
@@ -82,8 +83,9 @@ TEST(EditScenario, RefusesAScenarioThatTheIndexLacks) {
     ScenarioRig rig;
     rig.folder.Write("Kit\\TempFiles\\Scenarios.xml", "<cScenarioIndex/>");
     EXPECT_EQ(rig.HandOver(), Ended::Failed);
-    EXPECT_THAT(rig.Told(), ElementsAre("This scenario cannot be edited: the list of scenarios holds no whole record of "
-                                        "it. Please list them again."));
+    EXPECT_THAT(rig.Told(),
+                ElementsAre("This scenario cannot be edited: the list of scenarios holds no whole record of "
+                            "it. Please list them again."));
     EXPECT_EQ(rig.context.session.ScenarioEdit.ScenarioRecord, "");
 }
 
@@ -98,9 +100,9 @@ TEST(EditScenario, SaysThatTheFileCouldNotBeConverted) {
     ScenarioRig rig;
     rig.converter.isBroken = true;
     EXPECT_EQ(rig.HandOver(), Ended::Failed);
-    EXPECT_THAT(rig.Told(),
-                ElementsAre("This scenario cannot be edited: its file could not be converted.\r\n" +
-                            platform::ForDisplay(rig.folder / "Game\\content\\Routes\\r1\\Scenarios\\s1\\Scenario.bin")));
+    EXPECT_THAT(rig.Told(), ElementsAre("This scenario cannot be edited: its file could not be converted.\r\n" +
+                                        platform::ForDisplay(
+                                            rig.folder / "Game\\content\\Routes\\r1\\Scenarios\\s1\\Scenario.bin")));
     EXPECT_EQ(rig.context.session.ScenarioEdit.ScenarioText, "");
 }
 

@@ -6,6 +6,7 @@
 #include <wx/dateevt.h>
 #include <wx/display.h>
 #include <wx/listctrl.h>
+#include <wx/statbox.h>
 #include <wx/textctrl.h>
 #include <wx/timectrl.h>
 #include <wx/uiaction.h>
@@ -39,6 +40,7 @@ protected:
         dialogs_.UseDialog("frmScenEdit", [&](wxDialog& dialog) {
             editor_ = &dialog;
             PumpUntil([&] { return dialog.IsShownOnScreen(); });
+            PumpFor(milliseconds(100));
             use();
             isUsed = true;
             if (dialog.IsModal()) Press(In("Command2"));
@@ -104,11 +106,11 @@ TEST_F(Scenario, NamesItsFieldsAndFrames) {
             }
         };
         collect(*editor_);
-        EXPECT_THAT(captions, testing::UnorderedElementsAre(
-                                  "Display Name:", "Description", "Briefing", "Start Time (24 hour)", "Duration (mins)",
-                                  "Start Day", "Start Month", "Start Year", "Season", "Select Weather Here if Required.",
-                                  "Weather Provider", "Weather Product", "Weather Blueprint", "Consists",
-                                  "Contents of Consist"));
+        EXPECT_THAT(captions,
+                    testing::UnorderedElementsAre(
+                        "Display Name:", "Description", "Briefing", "Start Time (24 hour)", "Duration (mins)",
+                        "Start Day", "Start Month", "Start Year", "Season", "Select Weather Here if Required.",
+                        "Weather Provider", "Weather Product", "Weather Blueprint", "Consists", "Contents of Consist"));
     });
 }
 
@@ -313,7 +315,8 @@ TEST_F(Scenario, ShowsEveryControlWhole) {
         for (wxSize size : {editor_->GetMinSize(), opened, opened + editor_->FromDIP(wxSize(200, 150))}) {
             size.DecTo(screen - editor_->FromDIP(wxSize(20, 60))); // with room for the frame
             editor_->SetSize(wxRect(wxPoint(0, 0), size));
-            ASSERT_TRUE(PumpUntil([&] { return editor_->GetSize() == size; }));
+            ASSERT_TRUE(PumpUntil([&] { return editor_->GetSize() == size; }))
+                << editor_->GetSize().x << "x" << editor_->GetSize().y << " for " << size.x << "x" << size.y;
             PumpFor(milliseconds(200));
             // Twelve fields with their labels, three warnings, the start in words, clock, calendar and chooser; three
             // frames, four lists, four buttons, and the status line.
@@ -381,7 +384,8 @@ TEST_F(Scenario, DoesNotOpenOnARecordThatIsNotWhole) {
     std::string xml = XmlOf(IndexFile());
     xml.replace(xml.find("<Season "), 8, "<Saison ");
     xml.replace(xml.find("</Season>"), 9, "</Saison>");
-    files_->Create(program_ + "\\TempFiles\\Scenarios.xml", platform::CreateMode::Overwrite)->Write(xml.substr(0, xml.find("</cScenarioProperties>") + 22));
+    files_->Create(program_ + "\\TempFiles\\Scenarios.xml", platform::CreateMode::Overwrite)
+        ->Write(xml.substr(0, xml.find("</cScenarioProperties>") + 22));
     dialogs_.AnswerMessage({.text = "This scenario cannot be edited: its record holds no whole \"Season\".",
                             .style = wxICON_EXCLAMATION | wxOK});
     Press(Button("Command7"));
