@@ -142,7 +142,7 @@ TEST_F(Scenario, IsSavedAndShownAgain) {
 
 TEST_F(Scenario, KeepsForeignLettersWhenSaved) {
     Edit(1, [this] {
-        Text1(0).SetValue("Nachtpost nach Quillm\xC3\xBCnde \xE2\x82\xAC");
+        Text1(0).SetValue(ToWx("Nachtpost nach Quillm\xC3\xBCnde \xE2\x82\xAC"));
         dialogs_.AnswerMessage(kUpdated);
         Press(In("Command1"));
     });
