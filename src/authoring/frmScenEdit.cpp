@@ -287,7 +287,8 @@ void frmScenEdit::ShowConsists() {
 void frmScenEdit::ShowDriveCaption() {
     const wxString caption = ToWx(DriveCaption(window_, SelectedConsist()));
     const wxClientDC room(command4_);
-    const int width = command4_->GetSize().x - FromDIP(24); // its borders
+    const int borders = command4_->GetBestSize().x - room.GetTextExtent(command4_->GetLabelText()).x;
+    const int width = command4_->GetSize().x - borders;
     const wxString shown =
         wxControl::Ellipsize(caption, room, wxELLIPSIZE_END, std::max(width, 1), wxELLIPSIZE_FLAGS_NONE);
     command4_->SetToolTip(caption);

@@ -1,4 +1,5 @@
 #include "authoring/frmScenEdit.h"
+#include "platform/wx/frame_box.h"
 #include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 
@@ -9,10 +10,12 @@
 #include <wx/listbox.h>
 #include <wx/listctrl.h>
 #include <wx/sizer.h>
-#include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/timectrl.h>
+
+#include <algorithm>
+#include <initializer_list>
 
 namespace tamarind::authoring {
 
@@ -21,12 +24,12 @@ using platform::ToWx;
 namespace {
 
 constexpr int kGap = 6;
-constexpr int kTextCharacters = 42;
+constexpr int kTextCharacters = 46;
 constexpr int kFewestTextCharacters = 30;
 constexpr int kTextLines = 4;
 constexpr int kFewestTextLines = 2;
-constexpr int kListCharacters = 19;
-constexpr int kFewestListCharacters = 12;
+constexpr int kListCharacters = 24;
+constexpr int kFewestListCharacters = 14;
 constexpr int kListLines = 8;
 constexpr int kFewestListLines = 4;
 constexpr int kDriverCharacters = 8;
@@ -43,6 +46,12 @@ wxSize SizeOf(const wxWindow& control, int characters, int lines) {
     return {characters * control.GetCharWidth(), lines * control.GetCharHeight()};
 }
 
+/// Of a box of one line, whose own idea of it does not follow the size of letters on every system.
+int LineHeightOf(const wxTextCtrl& box) {
+    constexpr int kBorders = 10;
+    return std::max(box.GetBestSize().y, box.GetCharHeight() + box.FromDIP(kBorders));
+}
+
 /// Cells beside each other that share what room there is beyond the least of each. (Proportions in a plain row would
 /// make every cell as wide as the widest.)
 wxFlexGridSizer* MakeRow(int cells, int gap) {
@@ -51,6 +60,10 @@ wxFlexGridSizer* MakeRow(int cells, int gap) {
         row->AddGrowableCol(static_cast<std::size_t>(cell), 1);
     row->AddGrowableRow(0, 1);
     return row;
+}
+
+wxStaticBoxSizer* MakeFrame(wxWindow* parent, const wxString& caption) {
+    return new wxStaticBoxSizer(new platform::FrameBox(parent, wxID_ANY, caption), wxVERTICAL);
 }
 
 wxStaticText* MakeLine(wxWindow* parent, const char* name, long style = 0) {
@@ -68,9 +81,8 @@ wxTextCtrl* frmScenEdit::MakeText(wxWindow* parent, Field field, int characters,
     auto* const box = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                      lines > 1 ? wxTE_MULTILINE | wxTE_BESTWRAP : 0);
     box->SetName(wxString::Format("Text1(%d)", static_cast<int>(index)));
-    // A box of one line knows its height itself.
     const wxSize size = SizeOf(*box, characters, lines);
-    box->SetMinSize(wxSize(size.x, lines > 1 ? size.y : -1));
+    box->SetMinSize(wxSize(size.x, lines > 1 ? size.y : LineHeightOf(*box)));
     text1_.at(index) = box;
     return box;
 }
@@ -185,7 +197,7 @@ wxSizer* frmScenEdit::MakeSeason() {
 
 wxSizer* frmScenEdit::MakeWeather() {
     const int gap = FromDIP(kGap);
-    auto* const frame = new wxStaticBoxSizer(wxVERTICAL, this, "Select Weather Here if Required.");
+    auto* const frame = MakeFrame(this, "Select Weather Here if Required.");
     wxStaticBox* const box = frame->GetStaticBox();
     const auto cell = [&](Field field, char mnemonic) {
         return WithLabel(box, field, mnemonic, MakeText(box, field, kFewestListCharacters), nullptr);
@@ -209,7 +221,7 @@ wxSizer* frmScenEdit::MakeWeather() {
 wxSizer* frmScenEdit::MakeConsists() {
     const int gap = FromDIP(kGap);
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    auto* const consists = new wxStaticBoxSizer(wxVERTICAL, this, "Consists");
+    auto* const consists = MakeFrame(this, "Consists");
     list1_ = new wxListView(consists->GetStaticBox(), wxID_ANY, wxDefaultPosition, wxDefaultSize,
                             wxLC_REPORT | wxLC_SINGLE_SEL);
     list1_->SetName("List1");
@@ -219,7 +231,7 @@ wxSizer* frmScenEdit::MakeConsists() {
     consists->Add(list1_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
     row->Add(consists, wxSizerFlags(1).Expand().Border(wxRIGHT, gap));
 
-    auto* const contents = new wxStaticBoxSizer(wxVERTICAL, this, "Contents of Consist");
+    auto* const contents = MakeFrame(this, "Contents of Consist");
     list2_ = MakeList(contents->GetStaticBox(), "List2");
     contents->Add(list2_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
     command4_ = MakeButton(contents->GetStaticBox(), "Command4", "Drive It", wxID_ANY);
@@ -259,7 +271,8 @@ void frmScenEdit::MakeControls() {
 /// It opens with room, within the screen, and can be made smaller.
 void frmScenEdit::ShrinkAndFit() {
     wxSize roomy = GetSizer()->ComputeFittingWindowSize(this);
-    Box(Field::DisplayName).SetMinSize(wxSize(SizeOf(*this, kFewestTextCharacters, 1).x, -1));
+    wxTextCtrl& name = Box(Field::DisplayName);
+    name.SetMinSize(wxSize(SizeOf(*this, kFewestTextCharacters, 1).x, LineHeightOf(name)));
     for (const Field field : {Field::Description, Field::Briefing})
         Box(field).SetMinSize(SizeOf(*this, kFewestTextCharacters, kFewestTextLines));
     for (wxWindow* const list : std::initializer_list<wxWindow*>{dir1_, file1_, list1_, list2_})
