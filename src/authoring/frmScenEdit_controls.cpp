@@ -171,7 +171,7 @@ wxSizer* frmScenEdit::MakeStart() {
     auto* const dates = MakeRow(3, gap);
     dates->Add(cell(Field::StartDay, 'y', 4, nothing), wxSizerFlags().Expand());
     dates->Add(cell(Field::StartMonth, 'M', 4, nothing), wxSizerFlags().Expand());
-    dates->Add(cell(Field::StartYear, 'r', 6,
+    dates->Add(cell(Field::StartYear, 'r', 8,
                     [this] {
                         calendar_ = new wxDatePickerCtrl(this, wxID_ANY, wxDefaultDateTime, wxDefaultPosition,
                                                          wxDefaultSize, wxDP_DROPDOWN | wxDP_SHOWCENTURY);
