@@ -27,14 +27,14 @@ void WriteLine(platform::Files& files, const std::string& path, const std::strin
     });
 }
 
-ConvertedBack ConvertBack(EditorContext& context, const std::string& xml, const std::string& stem) {
+ConvertedBack ConvertBack(EditorContext& context, const std::string& source, const std::string& stem) {
     auto& files = context.platform.files;
     const std::string file = stem + ".bin";
     ConvertedBack converted{.backup = platform::FreeBackupName(files, stem)};
     if (!converted.backup.empty()) files.Rename(file, converted.backup);
     const auto before = files.Stamp(file);
     // The converter knows by the file which way to go; the word is the same both ways.
-    platform::ConvertToXml(context.platform.processes, context.ui, context.ConverterFolders(), xml, file);
+    platform::ConvertToXml(context.platform.processes, context.ui, context.ConverterFolders(), source, file);
     converted.isNew = platform::IsNewFile(files, file, before);
     if (!converted.isNew && !converted.backup.empty()) platform::PutBack(files, converted.backup, file);
     return converted;

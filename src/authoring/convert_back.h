@@ -33,7 +33,7 @@ struct ConvertedBack {
 /// Renames a game file, `stem` + ".bin", to its free backup name, `stem` + ".bak" and so on, and has the converter
 /// write the XML into its place. When that leaves nothing new, the old file stands there again. Throws when the old
 /// file cannot be renamed, and then nothing was changed; and when it cannot be put back.
-[[nodiscard]] ConvertedBack ConvertBack(session::EditorContext& context, const std::string& xml,
+[[nodiscard]] ConvertedBack ConvertBack(session::EditorContext& context, const std::string& source,
                                         const std::string& stem);
 
 } // namespace tamarind::authoring
