@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <utility>
 
 namespace tamarind::cli {
 namespace {
@@ -110,6 +111,35 @@ void AddRouteCommands(CLI::App& app, Arguments& arguments) {
     AddScenario(AddCommand(*remove, arguments, "scenario", "Delete a scenario"), arguments);
 }
 
+void AddScenarioCommands(CLI::App& app, Arguments& arguments) {
+    auto* const scenario = AddGroup(app, "scenario", "Properties and driver of a scenario");
+    AddScenario(AddCommand(*scenario, arguments, "show", "Show the properties and the consists"), arguments);
+
+    auto* const set = AddCommand(*scenario, arguments, "set", "Change properties, keeping a backup");
+    AddScenario(set, arguments);
+    constexpr std::array<std::pair<const char*, const char*>, 12> kOptions{
+        {{"--display-name", "Its name"},
+         {"--description", "What it is about"},
+         {"--briefing", "What the player has to do"},
+         {"--start-time", "Four digits, 0000 to 2400"},
+         {"--duration", "Minutes"},
+         {"--day", "Of the start, 1 to 31"},
+         {"--month", "Of the start, 1 to 12"},
+         {"--year", "Of the start, four digits"},
+         {"--season", "SEASON_SPRING, SEASON_SUMMER, SEASON_AUTUMN or SEASON_WINTER"},
+         {"--weather-provider", "The first folder below Assets"},
+         {"--weather-product", "The folder in that"},
+         {"--weather-blueprint", "The rest of its path, ending in .xml"}}};
+    for (std::size_t i = 0; i < kOptions.size(); ++i) {
+        set->add_option(kOptions.at(i).first, arguments.fields.at(i), kOptions.at(i).second)
+            ->type_name(i == 3 ? "HHMM" : "T");
+    }
+
+    auto* const drive = AddCommand(*scenario, arguments, "drive", "Let the player drive a consist, keeping a backup");
+    AddScenario(drive, arguments);
+    drive->add_option("N", arguments.consist, "The consist, 0 the first, -1 none")->required()->type_name("");
+}
+
 void AddPackageCommands(CLI::App& app, Arguments& arguments) {
     auto* const package = AddGroup(app, "package", "Make a package to be handed to others");
     AddRoute(AddCommand(*package, arguments, "route", "Package a route"), arguments);
@@ -154,6 +184,7 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
     AddGlobalOptions(app, result.arguments);
     AddCommands(app, result.arguments);
     AddRouteCommands(app, result.arguments);
+    AddScenarioCommands(app, result.arguments);
     AddPackageCommands(app, result.arguments);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
     try {

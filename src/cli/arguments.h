@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -23,6 +24,9 @@ struct Arguments {
 
     std::string route;    ///< id or display name
     std::string scenario; ///< id or display name
+    /// What is typed into the scenario editor's fields, in their order; nothing where a field stays.
+    std::array<std::optional<std::string>, 12> fields;
+    int consist = -1; ///< index from 0; -1: none
     bool listShapes = false;
     bool checkTextures = false;
     bool listTextures = false;

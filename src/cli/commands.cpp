@@ -3,7 +3,9 @@
 #include "cli/install_commands.h"
 #include "cli/package_commands.h"
 #include "cli/prepare.h"
+#include "cli/report.h"
 #include "cli/route_commands.h"
+#include "cli/scenario_commands.h"
 #include "cli/texture_commands.h"
 #include "convert/game_file.h"
 #include "editors/document_commands.h"
@@ -69,21 +71,6 @@ Result Tidy(EditorContext& context, const Arguments& arguments) {
     return {Outcome::Done, ordered_json::object({{"file", written}}), written + "\n"};
 }
 
-/// Text on one line: control characters and "\" as escapes.
-std::string OnOneLine(std::string_view text) {
-    std::string line;
-    for (const char c : text) {
-        switch (c) {
-        case '\\': line += "\\\\"; break;
-        case '\n': line += "\\n"; break;
-        case '\r': line += "\\r"; break;
-        case '\t': line += "\\t"; break;
-        default: line += c;
-        }
-    }
-    return line;
-}
-
 void AddRow(Result& result, const document::clsNode& node, std::size_t level, bool json) {
     if (json) {
         ordered_json attributes = ordered_json::array();
@@ -116,7 +103,7 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 18> kCommands = {
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 21> kCommands = {
     {{"open", Open},
      {"save", Save},
      {"tidy", Tidy},
@@ -130,6 +117,9 @@ constexpr std::array<std::pair<std::string_view, CommandFunction>, 18> kCommands
      {"check", CheckRoute},
      {"delete route", DeleteRoute},
      {"delete scenario", DeleteScenario},
+     {"scenario show", ShowScenario},
+     {"scenario set", SetScenario},
+     {"scenario drive", DriveScenario},
      {"package route", PackageRoute},
      {"package scenarios", PackageScenarios},
      {"package assets", PackageAssets},

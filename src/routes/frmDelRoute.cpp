@@ -9,6 +9,7 @@
 #include "routes/frmListRS.h"
 #include "routes/frmReport.h"
 #include "routes/route_packaging.h"
+#include "routes/scenario_hand_over.h"
 #include "routes/scenario_packaging.h"
 #include "routes/stock.h"
 
@@ -163,7 +164,7 @@ void frmDelRoute::MakeControls() {
               wxSizerFlags().Expand().Border(wxTOP, top));
     rows->Add(MakeScenarios(), wxSizerFlags(1).Expand());
     rows->Add(column({MakeButton(Control::Command3, "Command3", 't', &frmDelRoute::Command3_Click),
-                      MakeButton(Control::Command7, "Command7", 'd', nullptr),
+                      MakeButton(Control::Command7, "Command7", 'd', &frmDelRoute::Command7_Click),
                       MakeButton(Control::Command2, "Command2", 'S', &frmDelRoute::Command2_Click),
                       MakeButton(Control::Command5, "Command5", 'A', &frmDelRoute::Command5_Click),
                       MakeButton(Control::Command6, "Command6", 'P', &frmDelRoute::Command6_Click)}),
@@ -285,6 +286,13 @@ void frmDelRoute::Command5_Click() {
 void frmDelRoute::Command6_Click() {
     Run([this](EditorContext& context) { ProcessPackage(context, window_); });
     if (!window_.isClosed && !HasTold()) OnRouteSelected();
+}
+
+void frmDelRoute::Command7_Click() {
+    RunOn(*list3_, kNoScenario, [this](EditorContext& context, Selection selected) {
+        EditScenario(context, window_, selected);
+        return Ended::Declined; // the scenario stays selected
+    });
 }
 
 void frmDelRoute::OKButton_Click() {

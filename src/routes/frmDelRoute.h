@@ -45,6 +45,7 @@ private:
     void Command4_Click();
     void Command5_Click();
     void Command6_Click();
+    void Command7_Click();
     void OKButton_Click();
     void PackageSelected();
     void OnRouteSelected();

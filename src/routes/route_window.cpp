@@ -85,13 +85,13 @@ bool IsEnabled(Control control, const RouteState& /*state*/, const RouteWindow& 
     switch (control) {
     case Control::Command1: return !window.isBusy && !window.showsPackage;
     case Control::Command2:
-    case Control::Command3: return !window.isBusy && window.hasScenarios;
+    case Control::Command3:
+    case Control::Command7: return !window.isBusy && window.hasScenarios;
     case Control::Command4:
     case Control::Command5:
     case Control::Command6:
     case Control::OKButton:
     case Control::CancelButton: return !window.isBusy;
-    case Control::Command7: return false;
     default: return true;
     }
 }

@@ -62,8 +62,7 @@ enum class Control {
 [[nodiscard]] std::string CaptionOf(Control control, const session::RouteState& state);
 [[nodiscard]] bool IsVisible(Control control, const session::RouteState& state);
 /// Whether the button has a command that may begin now: no other one is waiting, and those on a scenario need a list of
-/// scenarios. Adding to a package may begin without one: it then repeats the last addition. Scenario editing has no
-/// command yet.
+/// scenarios. Adding to a package may begin without one: it then repeats the last addition.
 [[nodiscard]] bool IsEnabled(Control control, const session::RouteState& state, const RouteWindow& window);
 /// For the status line: how many routes there are, and the full path of the selected one, as the system writes it;
 /// while none is selected, of the one whose scenarios are listed.

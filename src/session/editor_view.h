@@ -98,6 +98,8 @@ public:
     virtual bool CloseRoutes() = 0;
     /// Opens the asset packager's window; one that is open comes to the front.
     virtual void ShowAssets() = 0;
+    /// Opens the scenario editor on what the session's ScenarioEditState holds, and returns when it is closed.
+    virtual void ShowScenarioEditor() = 0;
 };
 
 } // namespace tamarind::session

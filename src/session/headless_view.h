@@ -47,6 +47,7 @@ public:
     void ShowRoutes() override {}
     bool CloseRoutes() override { return true; }
     void ShowAssets() override {}
+    void ShowScenarioEditor() override {}
 
 private:
     std::string caption_;

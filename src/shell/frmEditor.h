@@ -90,6 +90,7 @@ private:
     void ShowRoutes() override;
     bool CloseRoutes() override;
     void ShowAssets() override;
+    void ShowScenarioEditor() override;
 
     session::Session& session_;
     document::OpenDocument document_;

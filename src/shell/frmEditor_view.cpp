@@ -1,3 +1,4 @@
+#include "authoring/frmScenEdit.h"
 #include "convert/texture_xml.h"
 #include "editors/frmAddAttribute.h"
 #include "platform/wx/wx_text.h"
@@ -166,6 +167,14 @@ void frmEditor::ShowAssets() {
 
 routes::frmTool::Owner frmEditor::ToolOwner() {
     return {.run = [this](const auto& command) { Run(command); }, .offerToStop = [this] { OfferToStop(); }};
+}
+
+void frmEditor::ShowScenarioEditor() {
+    authoring::ScenarioWindow window;
+    if (!authoring::LoadScenario(context_, window)) return;
+    wxWindow* const parent = routes_ ? static_cast<wxWindow*>(routes_.get()) : this;
+    authoring::frmScenEdit dialog(parent, context_, std::move(window), ToolOwner());
+    dialog.ShowModal();
 }
 
 } // namespace tamarind::shell

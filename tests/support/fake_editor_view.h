@@ -90,6 +90,7 @@ public:
         return closesRoutes;
     }
     void ShowAssets() override { calls.emplace_back("ShowAssets"); }
+    void ShowScenarioEditor() override { calls.emplace_back("ShowScenarioEditor"); }
 };
 
 } // namespace tamarind::tests

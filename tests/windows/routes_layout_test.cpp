@@ -102,7 +102,7 @@ TEST_F(RoutesLayout, TakesTheTabKeyFromListToListAndButtonToButton) {
     ListScenariosOf(0);
     FocusOn(List("List1"));
     for (const char* const name : {"List2", "Command1", "Command4", "OKButton", "List3", "List4", "Command3",
-                                   "Command2", "CancelButton", "List1"}) {
+                                   "Command7", "Command2", "CancelButton", "List1"}) {
         Type(WXK_TAB);
         const wxWindow* const focused = wxWindow::FindFocus();
         ASSERT_NE(focused, nullptr) << name;
