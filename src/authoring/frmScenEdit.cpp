@@ -2,7 +2,6 @@
 
 #include "authoring/scenario_save.h"
 #include "authoring/start_time.h"
-#include "platform/wx/window_icons.h"
 #include "platform/wx/wx_text.h"
 #include "routes/assets.h"
 #include "text/search.h"
@@ -18,7 +17,6 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/timectrl.h>
-#include <wx/weakref.h>
 
 #include <fmt/format.h>
 
@@ -56,11 +54,8 @@ wxArrayString AsItems(const std::vector<std::string>& texts) {
 } // namespace
 
 frmScenEdit::frmScenEdit(wxWindow* parent, EditorContext& context, ScenarioWindow window, Owner owner)
-    : wxDialog(parent, wxID_ANY, kScenarioWindowTitle, wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
-      context_(context), window_(std::move(window)), owner_(std::move(owner)) {
-    SetName("frmScenEdit");
-    platform::SetWindowIcons(*this);
+    : frmTool(parent, kScenarioWindowTitle, "frmScenEdit", std::move(owner)), context_(context),
+      window_(std::move(window)) {
     MakeControls();
     ShowFields();
     ShowWeatherLists();
@@ -101,7 +96,6 @@ void frmScenEdit::BindEvents() {
     command2_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
     command3_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Command3_Click(); });
     command4_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Command4_Click(); });
-    Bind(wxEVT_CLOSE_WINDOW, &frmScenEdit::OnClose, this);
 }
 
 void frmScenEdit::Text1_Change(Field field) {
@@ -122,6 +116,7 @@ void frmScenEdit::Combo1_Click() {
 void frmScenEdit::Dir1_Change() {
     const int row = dir1_->GetSelection();
     if (row == wxNOT_FOUND) return;
+    ShowLine("");
     Run([this, row](EditorContext& context) { ClickWeatherFolder(context, window_, static_cast<std::size_t>(row)); });
     ShowWeatherLists();
     ShowState();
@@ -136,18 +131,21 @@ void frmScenEdit::List1_Click() {
 }
 
 void frmScenEdit::Command1_Click() {
+    ShowLine("");
     Run([this](EditorContext& context) { SaveChanges(context, window_); });
 }
 
 void frmScenEdit::Command3_Click() {
     const int file = file1_->GetSelection();
     if (file == wxNOT_FOUND) return;
+    ShowLine("");
     Run([this, file](EditorContext& context) { SetWeather(context, window_, static_cast<std::size_t>(file)); });
     ShowFields();
 }
 
 void frmScenEdit::Command4_Click() {
     const int selected = SelectedConsist();
+    ShowLine("");
     Run([this, selected](EditorContext& context) { DriveIt(context, window_, selected); });
     ShowConsists();
 }
@@ -172,41 +170,18 @@ void frmScenEdit::OnDatePicked() {
     ShowFields();
 }
 
-void frmScenEdit::Run(const std::function<void(EditorContext&)>& command) {
-    const wxWeakRef<wxWindow> focused = FindFocus();
-    ++runningCommands_;
-    ShowStatus({});
-    ShowState();
-    owner_.run(command);
-    --runningCommands_;
-    ShowState();
-    // A disabled button has lost the keyboard.
-    if (focused && IsDescendant(focused) && focused->IsEnabled()) focused->SetFocus();
-    if (closesAfterwards_) {
-        closesAfterwards_ = false;
-        CallAfter([this] { Close(); });
-    }
-}
-
-void frmScenEdit::OnClose(wxCloseEvent& event) {
-    if (runningCommands_ > 0 && event.CanVeto()) {
-        event.Veto();
-        if (closesAfterwards_) owner_.offerToStop();
-        closesAfterwards_ = true;
-        ShowStatus("The window closes when the running command has ended.");
-        return;
-    }
-    EndModal(wxID_CANCEL);
-}
-
 void frmScenEdit::ShowState() {
-    const bool isIdle = runningCommands_ == 0;
+    ShowButtons();
+    command2_->SetLabel(ToWx(window_.Command2));
+    combo1_->Show(window_.isCombo1Visible);
+}
+
+void frmScenEdit::ShowButtons() {
+    const bool isIdle = !IsRunning();
     command1_->Enable(isIdle && window_.isSaveEnabled);
     command2_->Enable(isIdle);
     command3_->Enable(isIdle && file1_->GetSelection() != wxNOT_FOUND);
     command4_->Enable(isIdle);
-    command2_->SetLabel(ToWx(window_.Command2));
-    combo1_->Show(window_.isCombo1Visible);
 }
 
 /// What is shown already stays as it is, with the place of the cursor.
@@ -296,10 +271,5 @@ void frmScenEdit::ShowDriveCaption() {
 }
 
 int frmScenEdit::SelectedConsist() const { return static_cast<int>(list1_->GetFirstSelected()); }
-
-void frmScenEdit::ShowStatus(const std::string& text) {
-    status_->SetLabelText(ToWx(text));
-    status_->SetToolTip(ToWx(text));
-}
 
 } // namespace tamarind::authoring

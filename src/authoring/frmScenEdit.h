@@ -1,10 +1,7 @@
 #pragma once
 
 #include "authoring/scenario_window.h"
-#include "platform/wx/status_line.h"
-#include "session/editor_context.h"
-
-#include <wx/dialog.h>
+#include "routes/frmTool.h"
 
 #include <array>
 #include <functional>
@@ -24,18 +21,10 @@ namespace tamarind::authoring {
 
 /// The properties of a scenario, and who drives which of its trains. Nothing else can be done while it is open, for it
 /// shares its working files with the list of scenarios.
-class frmScenEdit : public wxDialog, public platform::StatusLine {
+class frmScenEdit final : public routes::frmTool {
 public:
-    /// What the main window does for it.
-    struct Owner {
-        session::CommandRunner run;
-        std::function<void()> offerToStop; ///< asks whether to stop the outside program that is waited for
-    };
-
     /// `window` as LoadScenario has filled it.
     frmScenEdit(wxWindow* parent, session::EditorContext& context, ScenarioWindow window, Owner owner);
-
-    void ShowStatus(const std::string& text) override;
 
 private:
     // Building, in frmScenEdit_controls.cpp.
@@ -62,12 +51,13 @@ private:
     void Command1_Click();
     void Command3_Click();
     void Command4_Click();
-    void OnClose(wxCloseEvent& event);
     void OnTimePicked();
     void OnDatePicked();
 
-    void Run(const std::function<void(session::EditorContext&)>& command);
-    void ShowState();
+    void ShowState() override;
+    void ShowButtons() override;
+    void EndState() override {}
+    [[nodiscard]] bool IsEnded() const override { return false; }
     void ShowFields();
     void ShowStart();
     void ShowWarning(Field field);
@@ -79,7 +69,6 @@ private:
 
     session::EditorContext& context_;
     ScenarioWindow window_;
-    Owner owner_;
     std::array<wxTextCtrl*, kFieldCount> text1_{};
     std::array<wxStaticText*, 3> warnings_{}; ///< of the three texts
     wxStaticText* start_ = nullptr;
@@ -94,10 +83,7 @@ private:
     wxButton* command2_ = nullptr;
     wxButton* command3_ = nullptr;
     wxButton* command4_ = nullptr;
-    wxStaticText* status_ = nullptr;
     bool staysHidden_ = false; ///< the keyboard comes back to the season only because its chooser was hidden
-    int runningCommands_ = 0;
-    bool closesAfterwards_ = false;
 };
 
 } // namespace tamarind::authoring

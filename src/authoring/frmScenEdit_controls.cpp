@@ -243,8 +243,7 @@ wxSizer* frmScenEdit::MakeConsists() {
 wxSizer* frmScenEdit::MakeBottom() {
     const int gap = FromDIP(kGap);
     auto* const bottom = new wxBoxSizer(wxHORIZONTAL);
-    status_ = MakeLine(this, "StatusLine");
-    bottom->Add(status_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
+    bottom->Add(MakeStatusLine(), wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
     command1_ = MakeButton(this, "Command1", "&Save Changes", wxID_ANY);
     bottom->Add(command1_, wxSizerFlags().Border(wxRIGHT, gap));
     command2_ = MakeButton(this, "Command2", ToWx(window_.Command2), wxID_CANCEL);

@@ -62,7 +62,11 @@ void frmTool::OnClose(wxCloseEvent& event) {
         return;
     }
     EndState();
-    Destroy();
+    if (IsModal()) {
+        EndModal(wxID_CANCEL);
+    } else {
+        Destroy();
+    }
 }
 
 void frmTool::ShowStatus(const std::string& text) {

@@ -12,8 +12,9 @@ class wxStaticText;
 
 namespace tamarind::routes {
 
-/// A window that stays open beside the main window and runs commands. It cannot be closed while one of them runs: it
-/// closes when that has ended, and a second try to close it offers to stop the outside program that is waited for.
+/// A window of a tool, which runs commands. It stays open beside the main window, or is shown modally. It cannot be
+/// closed while one of them runs: it closes when that has ended, and a second try to close it offers to stop the
+/// outside program that is waited for.
 class frmTool : public wxDialog, public platform::StatusLine {
 public:
     /// What the main window does for it.
