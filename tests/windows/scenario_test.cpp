@@ -43,7 +43,7 @@ protected:
             PumpFor(milliseconds(100));
             use();
             isUsed = true;
-            if (dialog.IsModal()) Press(In("Command2"));
+            if (dialog.IsShown()) Press(In("Command2"));
         });
         Press(Button("Command7"));
         EXPECT_TRUE(isUsed);
@@ -357,7 +357,7 @@ TEST_F(Scenario, ClosesWithTheEscapeKey) {
         ASSERT_TRUE(PumpUntil([&] { return Text1(0).HasFocus() && editor_->IsActive(); }));
         PumpFor(milliseconds(100));
         wxUIActionSimulator().Char(WXK_ESCAPE);
-        isClosed = PumpUntil([&] { return !editor_->IsModal(); }, milliseconds(5000));
+        isClosed = PumpUntil([&] { return !editor_->IsShown(); }, milliseconds(5000));
     });
     EXPECT_TRUE(isClosed);
 }
@@ -373,7 +373,7 @@ TEST_F(Scenario, LetsNoOtherCommandBeginWhileTheConverterRuns) {
         dialogs_.AnswerMessage(kDriverUpdated);
         Press(In("Command4"));
         EXPECT_TRUE(wasSeen);
-        EXPECT_TRUE(PumpUntil([&] { return !editor_->IsModal(); }, milliseconds(5000)));
+        EXPECT_TRUE(PumpUntil([&] { return !editor_->IsShown(); }, milliseconds(5000)));
     });
 }
 
