@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/install_commands.h"
+#include "cli/marker_commands.h"
 #include "cli/package_commands.h"
 #include "cli/prepare.h"
 #include "cli/route_commands.h"
@@ -116,7 +117,7 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 18> kCommands = {
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 19> kCommands = {
     {{"open", Open},
      {"save", Save},
      {"tidy", Tidy},
@@ -124,6 +125,7 @@ constexpr std::array<std::pair<std::string_view, CommandFunction>, 18> kCommands
      {"texture export", ExportTextures},
      {"texture import", ImportTextures},
      {"texture preview", PreviewTexture},
+     {"markers", ConvertMarkers},
      {"routes", ListRoutes},
      {"scenarios", ListScenarios},
      {"stock", ListStock},

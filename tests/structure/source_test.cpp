@@ -10,7 +10,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const std::vector<std::string> kRooms{"text",    "platform", "document", "session", "editors",
-                                      "convert", "routes",   "install",  "shell",   "cli"};
+                                      "convert", "markers", "routes",   "install",  "shell",   "cli"};
 constexpr std::size_t kMostLines = 500;
 
 const SourceTree& Sources() {
