@@ -132,7 +132,7 @@ public:
 
     /// Right of the marker, else left, above, below, else not at all.
     void Add(PlotPoint marker, const std::string& text) {
-        constexpr double kAway = 8;
+        constexpr double kAway = 10;
         const double width = WidthOf(text);
         const double beside = marker.y - kPlotTextHeight / 2;
         const double centred = marker.x - width / 2;

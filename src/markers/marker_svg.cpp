@@ -61,10 +61,10 @@ void AddBorders(Svg& svg, const MarkerPlot& plot) {
     constexpr double kAbove = 8;
     constexpr double kBelow = 16;
     const double middle = (plot.mapFrom.x + plot.mapTo.x) / 2;
-    svg.Text({middle, plot.mapFrom.y - kAbove}, "middle", plot.north);
-    svg.Text({middle, plot.mapTo.y + kBelow}, "middle", plot.south);
-    svg.Text({plot.mapFrom.x, plot.mapTo.y + kBelow}, "start", plot.west);
-    svg.Text({plot.mapTo.x, plot.mapTo.y + kBelow}, "end", plot.east);
+    svg.Text({middle, plot.mapFrom.y - kAbove}, "middle", "Northernmost: " + plot.north);
+    svg.Text({middle, plot.mapTo.y + kBelow}, "middle", "Southernmost: " + plot.south);
+    svg.Text({plot.mapFrom.x, plot.mapTo.y + kBelow}, "start", "Westernmost: " + plot.west);
+    svg.Text({plot.mapTo.x, plot.mapTo.y + kBelow}, "end", "Easternmost: " + plot.east);
 }
 
 void AddLine(Svg& svg, const MarkerPlot& plot) {

@@ -121,8 +121,7 @@ TEST_F(CliMarkers, ReportsAListThatCannotBeWritten) {
 }
 
 TEST_F(CliMarkers, ReportsAPictureThatCannotBeWritten) {
-    const json report =
-        RunJson({"markers", Utf8(in_), Utf8(out_), "--plot", Utf8(Path("missing") / "a.svg")}, 1);
+    const json report = RunJson({"markers", Utf8(in_), Utf8(out_), "--plot", Utf8(Path("missing") / "a.svg")}, 1);
     EXPECT_EQ(report["error"]["number"], 76);
     EXPECT_TRUE(report["result"].is_null());
     EXPECT_EQ(ReadFile(out_), kPlacesList);

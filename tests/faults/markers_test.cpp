@@ -53,9 +53,9 @@ TEST(MarkerFaults, AListWithAPictureSurvivesEveryOne) {
         std::istringstream input;
         std::ostringstream output;
         std::ostringstream messages;
-        const int exitCode = cli::Run({"markers", native("Game\\a.kml"), native("Game\\a.csv"), "--plot",
-                                       native("Game\\a.svg")},
-                                      kit.rig.context.platform, input, output, messages);
+        const int exitCode =
+            cli::Run({"markers", native("Game\\a.kml"), native("Game\\a.csv"), "--plot", native("Game\\a.svg")},
+                     kit.rig.context.platform, input, output, messages);
         kit.Finish(run);
         EXPECT_EQ(exitCode, run.struck ? 1 : 0) << run.Name();
         EXPECT_EQ(output.str().empty(), run.struck) << run.Name();

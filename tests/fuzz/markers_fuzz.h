@@ -35,8 +35,7 @@ template <typename Reader> void CheckReader(const Reader& read, bool mayHoldLine
     try {
         CheckList(read(), mayHoldLineEnds);
     } catch (const text::RuntimeError& error) {
-        Require(error.Code() == text::ErrorNumber::InvalidProcedureCall ||
-                error.Code() == text::ErrorNumber::Overflow);
+        Require(error.Code() == text::ErrorNumber::InvalidProcedureCall || error.Code() == text::ErrorNumber::Overflow);
         Require(!error.Details().empty());
     }
 }

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace tamarind::markers {
 namespace {
 
@@ -66,8 +69,8 @@ TEST(Gpx, PassesOverAWholeCharacterBehindTheEqualsSign) {
 }
 
 TEST(Gpx, WithoutASegmentFails) {
-    for (const std::string text :
-         {Point("1", "2"), std::string("<gpx></gpx>"), std::string("GIF89a"), std::string(" ")}) {
+    const std::vector<std::string> texts = {Point("1", "2"), "<gpx></gpx>", "GIF89a", " "};
+    for (const std::string& text : texts) {
         ExpectError(ErrorNumber::InvalidProcedureCall, "\"<trkseg>\"", [&text] { return ReadGpx(text); });
     }
 }

@@ -29,7 +29,7 @@ protected:
     }
     void ExpectRefusal() {
         ASSERT_EQ(rig.ui.Messages().size(), 1U);
-        const platform::Message& message = rig.ui.Messages().front();
+        const platform::Message message = rig.ui.Messages().front();
         EXPECT_EQ(message.text, "You have not selected a .kml or .gpx file?");
         EXPECT_EQ(message.title, "Tamarind");
         EXPECT_EQ(message.icon, platform::Icon::Exclamation);
@@ -47,11 +47,11 @@ TEST_F(MarkerFile, IsChosenAndSavedThroughTwoDialogs) {
     files.contents["C:\\Maps\\a.kml"] = kPlacemark;
     Convert("C:\\Maps\\a.kml", "C:\\Maps\\a.csv");
     ASSERT_EQ(rig.ui.FileDialogs().size(), 2U);
-    const platform::FileDialog& open = rig.ui.FileDialogs()[0];
+    const platform::FileDialog open = rig.ui.FileDialogs()[0];
     EXPECT_FALSE(open.save);
     EXPECT_EQ(open.title, "Open Marker file");
     EXPECT_EQ(open.filter, "Marker Files (*.kml;*.gpx;*.wpt;*.mkr)|*.kml;*.gpx;*.wpt;*.mkr");
-    const platform::FileDialog& save = rig.ui.FileDialogs()[1];
+    const platform::FileDialog save = rig.ui.FileDialogs()[1];
     EXPECT_TRUE(save.save);
     EXPECT_EQ(save.title, "Save Marker File");
     EXPECT_EQ(save.filter, "RailSim Marker Files (*.csv)|*.csv");

@@ -39,7 +39,7 @@ TEST(MarkerSvg, HoldsNamesStartEndScaleAndNorth) {
     EXPECT_THAT(svg, HasSubstr(" km</text>"));
     EXPECT_THAT(svg, HasSubstr("<path id=\"north\""));
     EXPECT_THAT(svg, HasSubstr(">N</text>"));
-    EXPECT_THAT(svg, HasSubstr(">4.0000° N</text>"));
+    EXPECT_THAT(svg, HasSubstr(">Northernmost: 4.0000° N</text>"));
     EXPECT_THAT(svg, HasSubstr("<title>Halt</title>"));
     EXPECT_EQ(Count(svg, "r=\"3\""), 3U);
 }
