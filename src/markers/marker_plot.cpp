@@ -19,6 +19,7 @@ constexpr double kSmallestSide = 160; // of a picture; less would leave no room 
 constexpr double kMargin = 24;
 constexpr double kLineHeight = 16; // of texts below each other
 constexpr double kPadding = 16;    // between the frame and the outermost markers
+constexpr double kBand = 32;       // at the foot of the map: scale bar and north arrow, nothing else
 constexpr double kMetresPerDegree = 6371008.8 * std::numbers::pi / 180;
 constexpr double kSmallestSpan = 0.001; // degrees; a single place is shown with its surroundings, too
 constexpr double kNarrowestDegree = 0.001;
@@ -43,11 +44,11 @@ Bounds BoundsOf(const std::vector<Position>& positions, double Position::*coordi
 class Projection {
 public:
     Projection(const MarkerPlot& plot, Bounds longitudes, Bounds latitudes)
-        : middle_{(plot.mapFrom.x + plot.mapTo.x) / 2, (plot.mapFrom.y + plot.mapTo.y) / 2},
+        : middle_{(plot.mapFrom.x + plot.mapTo.x) / 2, (plot.mapFrom.y + plot.mapTo.y - kBand) / 2},
           longitude_(longitudes.Middle()), latitude_(latitudes.Middle()),
           narrowing_(std::max(std::cos(latitude_ * std::numbers::pi / 180), kNarrowestDegree)) {
         const double across = plot.mapTo.x - plot.mapFrom.x - 2 * kPadding;
-        const double down = plot.mapTo.y - plot.mapFrom.y - 2 * kPadding;
+        const double down = plot.mapTo.y - kBand - plot.mapFrom.y - 2 * kPadding;
         pixelsPerDegree_ = std::min(across / (longitudes.Span() * narrowing_), down / latitudes.Span());
     }
 
@@ -128,8 +129,6 @@ public:
             taken_.Take(spot.at, spot.at);
     }
 
-    void Reserve(PlotPoint from, PlotPoint to) { taken_.Take(from, to); }
-
     /// Right of the marker, else left, above, below, else not at all.
     void Add(PlotPoint marker, const std::string& text) {
         constexpr double kAway = 10;
@@ -151,7 +150,8 @@ public:
 
 private:
     [[nodiscard]] bool IsInMap(PlotPoint from, PlotPoint to) const {
-        return from.x >= plot_.mapFrom.x && from.y >= plot_.mapFrom.y && to.x <= plot_.mapTo.x && to.y <= plot_.mapTo.y;
+        return from.x >= plot_.mapFrom.x && from.y >= plot_.mapFrom.y && to.x <= plot_.mapTo.x &&
+               to.y <= plot_.mapTo.y - kBand;
     }
 
     MarkerPlot& plot_;
@@ -181,7 +181,7 @@ void AddSpots(MarkerPlot& plot, const std::vector<Position>& positions, const st
     std::vector<bool> taken(across * (static_cast<std::size_t>(plot.height) + 1), false);
     for (std::size_t i = 0; i < points.size(); ++i) {
         const std::size_t pixel =
-            static_cast<std::size_t>(points[i].y) * across + static_cast<std::size_t>(points[i].x);
+            static_cast<std::size_t>(points[i].y + 0.5) * across + static_cast<std::size_t>(points[i].x + 0.5);
         if (taken[pixel]) continue;
         taken[pixel] = true;
         plot.spots.push_back({points[i], NameForPeople(positions[i].name)});
@@ -203,9 +203,6 @@ std::string WithName(std::string_view word, std::string_view name) {
 /// Where the first and the last marker are, and their names; then those of the others.
 void AddNames(MarkerPlot& plot, const Positions& positions, const std::vector<PlotPoint>& points) {
     Labels labels(plot);
-    labels.Reserve({plot.mapFrom.x, plot.mapTo.y - 2 * kLineHeight},
-                   {plot.mapFrom.x + plot.scaleLength + kMargin, plot.mapTo.y});
-    labels.Reserve({plot.mapTo.x - kMargin, plot.mapFrom.y}, {plot.mapTo.x, plot.mapFrom.y + 2 * kMargin});
     plot.start = points.front();
     const bool isRound = points.size() > 1 && std::abs(points.front().x - points.back().x) < 1 &&
                          std::abs(points.front().y - points.back().y) < 1;

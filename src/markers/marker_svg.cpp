@@ -116,9 +116,8 @@ void AddScaleAndNorth(Svg& svg, const MarkerPlot& plot) {
             left + plot.scaleLength, bottom - 5);
     svg.Text({left, bottom - kIn}, "start", plot.scaleText);
     const double right = plot.mapTo.x - 2 * kIn;
-    const double top = plot.mapFrom.y + kIn;
-    svg.Add("<path id=\"north\" d=\"M{:.1f} {:.1f}l5 18l-5 -4l-5 4z\"/>\n", right, top);
-    svg.Text({right, top + 4 * kIn}, "middle", "N");
+    svg.Add("<path id=\"north\" d=\"M{:.1f} {:.1f}l5 -18l5 18l-5 -4z\"/>\n", right - kIn, bottom + 2);
+    svg.Text({right - 2 * kIn, bottom - 2}, "end", "N");
 }
 
 void AddTexts(Svg& svg, const MarkerPlot& plot) {

@@ -56,7 +56,7 @@ TEST(Positions, OfAnEmptyListAreNone) {
 TEST(NameForPeople, MakesLettersOfUtf8Bytes) {
     // "é" in UTF-8 is C3 A9, which a single-byte file shows as two characters.
     EXPECT_EQ(NameForPeople("CafÃ©"), "Café");
-    EXPECT_EQ(NameForPeople("æ±\u009Fäº¬"), "江京");
+    EXPECT_EQ(NameForPeople("æ±Ÿäº¬"), "江京");
 }
 
 TEST(NameForPeople, LeavesOtherNamesAlone) {
