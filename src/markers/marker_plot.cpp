@@ -180,8 +180,9 @@ void AddSpots(MarkerPlot& plot, const std::vector<Position>& positions, const st
     const auto across = static_cast<std::size_t>(plot.width) + 1;
     std::vector<bool> taken(across * (static_cast<std::size_t>(plot.height) + 1), false);
     for (std::size_t i = 0; i < points.size(); ++i) {
-        const std::size_t pixel =
-            static_cast<std::size_t>(points[i].y + 0.5) * across + static_cast<std::size_t>(points[i].x + 0.5);
+        const auto x = static_cast<std::size_t>(std::lround(points[i].x));
+        const auto y = static_cast<std::size_t>(std::lround(points[i].y));
+        const std::size_t pixel = y * across + x;
         if (taken[pixel]) continue;
         taken[pixel] = true;
         plot.spots.push_back({points[i], NameForPeople(positions[i].name)});

@@ -136,7 +136,9 @@ bool TakeField(std::string_view& line, std::string_view& field) {
 
 void AddWaypoint(ListWriter& list, std::string_view line) {
     std::string_view dropped;
-    if (!TakeField(line, dropped) || !TakeField(line, dropped)) return;
+    for (int i = 0; i < 2; ++i) {
+        if (!TakeField(line, dropped)) return;
+    }
     line = Trimmed(line);
     std::string_view latitude;
     std::string_view longitude;
