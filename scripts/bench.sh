@@ -11,6 +11,7 @@ build/linux-bench/bin/routes_bench
 build/linux-bench/bin/install_bench
 bench/compare_check.sh build/linux-bench/bin
 bench/compare_document.sh build/linux-bench/bin
+bench/compare_markers.sh build/linux-bench/bin
 bench/compare_packages.sh build/linux-bench/bin
 bench/compare_textures.sh build/linux-bench/bin
 bench/compare_window.sh build/linux-bench/bin

@@ -80,6 +80,11 @@ void AddCommands(CLI::App& app, Arguments& arguments) {
     AddPath(tree, "XML", arguments.xml, "The XML file");
 
     AddTextureCommands(app, arguments);
+
+    auto* const markers = AddCommand(app, arguments, "markers", "Make a marker list of a mapping program's file");
+    AddPath(markers, "IN", arguments.file, "The .kml, .gpx, .wpt or .mkr file");
+    AddPath(markers, "OUT", arguments.output, "The .csv file to write");
+    markers->add_option("--plot", arguments.plot, "Write a picture of the markers, too")->type_name("OUT.svg");
 }
 
 void AddRoute(CLI::App* command, Arguments& arguments) {

@@ -20,6 +20,7 @@ struct Arguments {
     std::string xml;
     std::string output;
     std::vector<std::string> files; ///< of a command that takes several
+    std::string plot;               ///< of markers, the picture to write; empty for none
     std::size_t level = 0;          ///< of a texture, 0 the largest
 
     std::string route;    ///< id or display name

@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/install_commands.h"
+#include "cli/marker_commands.h"
 #include "cli/package_commands.h"
 #include "cli/prepare.h"
 #include "cli/report.h"
@@ -103,7 +104,7 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 21> kCommands = {
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 22> kCommands = {
     {{"open", Open},
      {"save", Save},
      {"tidy", Tidy},
@@ -111,6 +112,7 @@ constexpr std::array<std::pair<std::string_view, CommandFunction>, 21> kCommands
      {"texture export", ExportTextures},
      {"texture import", ImportTextures},
      {"texture preview", PreviewTexture},
+     {"markers", ConvertMarkers},
      {"routes", ListRoutes},
      {"scenarios", ListScenarios},
      {"stock", ListStock},

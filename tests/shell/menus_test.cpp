@@ -242,6 +242,7 @@ TEST_F(MenuItemsTest, RunTheirOwnCommand) {
         {"mnuSavexml", "Save .xml format files"}, {"mnuSaveAs", "Save KRS format files"},
         {"mnuOpenTex", "Open RS Texture files"},  {"mnuFileOpen", "Open RailSim file"},
         {"mnuOpenXCT", "Select file to load"},    {"mnuFileSaveAs", "Select Filename to Save As..."},
+        {"mnuMarker", "Open Marker file"},
     };
     for (const auto& [name, title] : dialogs) {
         rig.ui.filePaths = {""};

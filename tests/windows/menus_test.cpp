@@ -123,8 +123,8 @@ TEST_F(MenuBar, DisablesEveryItemWithoutACommand) {
     Open();
     EXPECT_EQ(Enabled(1, 6),
               (std::set<std::string>{"Convert RS to .dds", "View .dds File", "Edit .dds File", "Convert .dds to RS",
-                                     "Check Routes or Scenarios", "Package Assets", "Package Route",
-                                     "Package Scenarios", "Select Default Editor", "Select RS Path",
+                                     "Convert Marker files", "Check Routes or Scenarios", "Package Assets",
+                                     "Package Route", "Package Scenarios", "Select Default Editor", "Select RS Path",
                                      "Texture Editor Path", "Use Tamarind Editor this session only",
                                      "Use XML Editor this session only", "Viewer Path"}));
 }
