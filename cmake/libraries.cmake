@@ -14,6 +14,9 @@ if(WIN32)
     endforeach()
     target_include_directories(tamarind_headers SYSTEM INTERFACE ${header_links})
 
+    if(TAMARIND_SETUP_ONLY)
+        return()
+    endif()
     if(NOT TAMARIND_CROSS_LIBS)
         execute_process(COMMAND ${PROJECT_SOURCE_DIR}/scripts/cross-libs.sh
             OUTPUT_VARIABLE TAMARIND_CROSS_LIBS OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)

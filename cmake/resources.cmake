@@ -17,10 +17,21 @@ foreach(size 16 20 24 32 40 48 64 256)
 endforeach()
 add_custom_command(OUTPUT ${generated}/tamarind.ico DEPENDS ${icon_files}
     COMMAND ${ICOTOOL} -c -o ${generated}/tamarind.ico ${icon_files})
-# The Linux window's own icons, as bytes in a header; Windows takes them from the resources.
-add_custom_command(OUTPUT ${generated}/icons.h DEPENDS ${icon_files} ${PROJECT_SOURCE_DIR}/cmake/embed.cmake
-    COMMAND ${CMAKE_COMMAND} -DOUTPUT=${generated}/icons.h
-        "-DFILES=${generated}/tamarind-16.png,${generated}/tamarind-32.png,${generated}/tamarind-48.png,${generated}/tamarind-64.png"
+# The Linux window's own icons, which Windows takes from the resources, and the pictures of folder lists, as bytes in a
+# header.
+set(embedded_files ${generated}/tamarind-16.png ${generated}/tamarind-32.png ${generated}/tamarind-48.png
+    ${generated}/tamarind-64.png)
+foreach(name drive folder folder-open)
+    foreach(size 16 24 32)
+        set(picture ${generated}/${name}-${size}.png)
+        add_custom_command(OUTPUT ${picture} DEPENDS ${PROJECT_SOURCE_DIR}/data/icons/${name}.svg
+            COMMAND ${RSVG_CONVERT} -w ${size} -h ${size} -o ${picture} ${PROJECT_SOURCE_DIR}/data/icons/${name}.svg)
+        list(APPEND embedded_files ${picture})
+    endforeach()
+endforeach()
+list(JOIN embedded_files "," embedded_list)
+add_custom_command(OUTPUT ${generated}/icons.h DEPENDS ${embedded_files} ${PROJECT_SOURCE_DIR}/cmake/embed.cmake
+    COMMAND ${CMAKE_COMMAND} -DOUTPUT=${generated}/icons.h "-DFILES=${embedded_list}"
         -P ${PROJECT_SOURCE_DIR}/cmake/embed.cmake)
 add_custom_target(tamarind_icons DEPENDS ${generated}/tamarind.ico ${generated}/icons.h)
 

@@ -10,8 +10,10 @@ for target in build/fuzz/bin/*_fuzz; do
   dictionary=()
   case "$name" in
     load_xml_fuzz | highlighter_fuzz) dictionary=(-dict=tests/fuzz/xml.dict) ;;
+    markers_*) dictionary=(-dict=tests/fuzz/markers.dict) ;;
     texture_*) dictionary=(-dict=tests/fuzz/texture.dict) ;;
     index_fuzz | remove_entry_fuzz | tile_fuzz | shape_fuzz) dictionary=(-dict=tests/fuzz/routes.dict) ;;
+    scenario_fields_fuzz | consists_fuzz) dictionary=(-dict=tests/fuzz/scenario.dict) ;;
     scenario_* | catalogue_*) dictionary=(-dict=tests/fuzz/install.dict) ;;
   esac
   echo "== $name"

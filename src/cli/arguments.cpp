@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <utility>
 
 namespace tamarind::cli {
 namespace {
@@ -88,6 +89,11 @@ void AddCommands(CLI::App& app, Arguments& arguments) {
     AddPath(highlight, "XML", arguments.xml, "The XML file");
 
     AddTextureCommands(app, arguments);
+
+    auto* const markers = AddCommand(app, arguments, "markers", "Make a marker list of a mapping program's file");
+    AddPath(markers, "IN", arguments.file, "The .kml, .gpx, .wpt or .mkr file");
+    AddPath(markers, "OUT", arguments.output, "The .csv file to write");
+    markers->add_option("--plot", arguments.plot, "Write a picture of the markers, too")->type_name("OUT.svg");
 }
 
 void AddRoute(CLI::App* command, Arguments& arguments) {
@@ -119,6 +125,35 @@ void AddRouteCommands(CLI::App& app, Arguments& arguments) {
     AddScenario(AddCommand(*remove, arguments, "scenario", "Delete a scenario"), arguments);
 }
 
+void AddScenarioCommands(CLI::App& app, Arguments& arguments) {
+    auto* const scenario = AddGroup(app, "scenario", "Properties and driver of a scenario");
+    AddScenario(AddCommand(*scenario, arguments, "show", "Show the properties and the consists"), arguments);
+
+    auto* const set = AddCommand(*scenario, arguments, "set", "Change properties, keeping a backup");
+    AddScenario(set, arguments);
+    constexpr std::array<std::pair<const char*, const char*>, 12> kOptions{
+        {{"--display-name", "Its name"},
+         {"--description", "What it is about"},
+         {"--briefing", "What the player has to do"},
+         {"--start-time", "Four digits, 0000 to 2400"},
+         {"--duration", "Minutes"},
+         {"--day", "Of the start, 1 to 31"},
+         {"--month", "Of the start, 1 to 12"},
+         {"--year", "Of the start, four digits"},
+         {"--season", "SEASON_SPRING, SEASON_SUMMER, SEASON_AUTUMN or SEASON_WINTER"},
+         {"--weather-provider", "The first folder below Assets"},
+         {"--weather-product", "The folder in that"},
+         {"--weather-blueprint", "The rest of its path, ending in .xml"}}};
+    for (std::size_t i = 0; i < kOptions.size(); ++i) {
+        set->add_option(kOptions.at(i).first, arguments.fields.at(i), kOptions.at(i).second)
+            ->type_name(i == 3 ? "HHMM" : "T");
+    }
+
+    auto* const drive = AddCommand(*scenario, arguments, "drive", "Let the player drive a consist, keeping a backup");
+    AddScenario(drive, arguments);
+    drive->add_option("N", arguments.consist, "The consist, 0 the first, -1 none")->required()->type_name("");
+}
+
 void AddPackageCommands(CLI::App& app, Arguments& arguments) {
     auto* const package = AddGroup(app, "package", "Make a package to be handed to others");
     AddRoute(AddCommand(*package, arguments, "route", "Package a route"), arguments);
@@ -134,6 +169,8 @@ void AddPackageCommands(CLI::App& app, Arguments& arguments) {
 
     AddPath(AddCommand(*package, arguments, "verify", "List what a package holds and what is missing or odd"), "FOLDER",
             arguments.file, "The package's folder");
+    AddPath(AddCommand(app, arguments, "install", "Install a package into the game"), "PACKAGE", arguments.file,
+            "The package's folder");
 }
 
 /// The command that the words name, as far as they do.
@@ -161,6 +198,7 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
     AddGlobalOptions(app, result.arguments);
     AddCommands(app, result.arguments);
     AddRouteCommands(app, result.arguments);
+    AddScenarioCommands(app, result.arguments);
     AddPackageCommands(app, result.arguments);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
     try {

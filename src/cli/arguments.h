@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -19,6 +20,7 @@ struct Arguments {
     std::string xml;
     std::string output;
     std::vector<std::string> files; ///< of a command that takes several
+    std::string plot;               ///< of markers, the picture to write; empty for none
     std::size_t level = 0;          ///< of a texture, 0 the largest
 
     std::string text;       ///< to be found
@@ -27,6 +29,9 @@ struct Arguments {
 
     std::string route;    ///< id or display name
     std::string scenario; ///< id or display name
+    /// What is typed into the scenario editor's fields, in their order; nothing where a field stays.
+    std::array<std::optional<std::string>, 12> fields;
+    int consist = -1; ///< index from 0; -1: none
     bool listShapes = false;
     bool checkTextures = false;
     bool listTextures = false;

@@ -2,9 +2,12 @@
 
 #include "cli/editor_commands.h"
 #include "cli/install_commands.h"
+#include "cli/marker_commands.h"
 #include "cli/package_commands.h"
 #include "cli/prepare.h"
+#include "cli/report.h"
 #include "cli/route_commands.h"
+#include "cli/scenario_commands.h"
 #include "cli/texture_commands.h"
 #include "convert/game_file.h"
 #include "editors/document_commands.h"
@@ -70,21 +73,6 @@ Result Tidy(EditorContext& context, const Arguments& arguments) {
     return {Outcome::Done, ordered_json::object({{"file", written}}), written + "\n"};
 }
 
-/// Text on one line: control characters and "\" as escapes.
-std::string OnOneLine(std::string_view text) {
-    std::string line;
-    for (const char c : text) {
-        switch (c) {
-        case '\\': line += "\\\\"; break;
-        case '\n': line += "\\n"; break;
-        case '\r': line += "\\r"; break;
-        case '\t': line += "\\t"; break;
-        default: line += c;
-        }
-    }
-    return line;
-}
-
 void AddRow(Result& result, const document::clsNode& node, std::size_t level, bool json) {
     if (json) {
         ordered_json attributes = ordered_json::array();
@@ -117,7 +105,7 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 20> kCommands = {
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 24> kCommands = {
     {{"open", Open},
      {"save", Save},
      {"tidy", Tidy},
@@ -127,12 +115,16 @@ constexpr std::array<std::pair<std::string_view, CommandFunction>, 20> kCommands
      {"texture export", ExportTextures},
      {"texture import", ImportTextures},
      {"texture preview", PreviewTexture},
+     {"markers", ConvertMarkers},
      {"routes", ListRoutes},
      {"scenarios", ListScenarios},
      {"stock", ListStock},
      {"check", CheckRoute},
      {"delete route", DeleteRoute},
      {"delete scenario", DeleteScenario},
+     {"scenario show", ShowScenario},
+     {"scenario set", SetScenario},
+     {"scenario drive", DriveScenario},
      {"package route", PackageRoute},
      {"package scenarios", PackageScenarios},
      {"package assets", PackageAssets},

@@ -28,7 +28,6 @@ Result PackageResult(const routes::Packaged& packaged) {
 Result PackageRoute(EditorContext& context, const Arguments& arguments) {
     Catalogue catalogue(context, arguments);
     if (!catalogue.FindRoute(arguments.route)) return {Outcome::Failed};
-    routes::BeginRoutePackaging(context);
     return PackageResult(routes::PackageRoute(context, catalogue.window, catalogue.route));
 }
 

@@ -57,4 +57,18 @@ std::string JsonReport(const std::string& command, const std::vector<platform::T
     return report.dump(-1, ' ', false, ordered_json::error_handler_t::replace) + "\n";
 }
 
+std::string OnOneLine(std::string_view text) {
+    std::string line;
+    for (const char c : text) {
+        switch (c) {
+        case '\\': line += "\\\\"; break;
+        case '\n': line += "\\n"; break;
+        case '\r': line += "\\r"; break;
+        case '\t': line += "\\t"; break;
+        default: line += c;
+        }
+    }
+    return line;
+}
+
 } // namespace tamarind::cli

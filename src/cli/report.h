@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tamarind::cli {
@@ -17,5 +18,8 @@ namespace tamarind::cli {
                                      const std::vector<platform::TerminalUserInterface::Shown>& messages,
                                      const nlohmann::ordered_json& result,
                                      const std::optional<text::RuntimeError>& error);
+
+/// Text on one line of a table: line breaks, tabs and "\" as escapes.
+[[nodiscard]] std::string OnOneLine(std::string_view text);
 
 } // namespace tamarind::cli

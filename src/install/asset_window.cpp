@@ -6,6 +6,7 @@
 #include "platform/tree_copy.h"
 #include "routes/package_copy.h"
 #include "routes/package_layout.h"
+#include "routes/route_window.h"
 #include "routes/scenario_packaging.h"
 #include "routes/working_files.h"
 #include "text/code_page.h"
@@ -180,6 +181,16 @@ std::string CaptionOf(AssetControl control) {
 
 bool IsEnabled(AssetControl control, const AssetWindow& window) {
     return !window.isBusy && (control != AssetControl::Command1 || routes::HoldsGameRoot(window.SourceFolder));
+}
+
+void OpenAssetPackager(EditorContext& context) {
+    const auto& state = context.session.Routes;
+    if (routes::PackagesScenarios(state)) {
+        context.view.ShowRoutes();
+        context.ui.ShowStatus(routes::kScenariosFirst);
+        return;
+    }
+    if (state.AssetPackMode != 0 || BeginAssetPackaging(context)) context.view.ShowAssets();
 }
 
 bool BeginAssetPackaging(EditorContext& context) {

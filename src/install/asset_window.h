@@ -47,7 +47,12 @@ enum class AssetControl {
 /// Adding needs a clicked folder whose path holds "Rail Simulator".
 [[nodiscard]] bool IsEnabled(AssetControl control, const AssetWindow& window);
 
-/// What mnuPackAss does before the window opens: TempFiles is emptied (what is recovered stays), and the package has no
+/// The menu command that packages assets: begins and opens the window; one that is open comes to the front. While the
+/// routes window packages scenarios, which shares the package's name and TempFiles, that one comes to the front
+/// instead.
+void OpenAssetPackager(session::EditorContext& context);
+
+/// Before the window opens: TempFiles is emptied (what is recovered stays), and the package has no
 /// name yet. False, and nothing changed, while a game file is being converted; the person is told.
 bool BeginAssetPackaging(session::EditorContext& context);
 

@@ -3,6 +3,7 @@
 #include "platform/myfile.h"
 #include "platform/paths.h"
 #include "platform/safe_write.h"
+#include "platform/tree_copy.h"
 #include "routes/scan_progress.h"
 #include "text/runtime_error.h"
 
@@ -18,10 +19,10 @@ bool EndsTheCopy(const RuntimeError& error) {
            error.Code() == ErrorNumber::DeviceIoError;
 }
 
-/// A file that was not there before needs no flush and no second name: nothing is lost when it stays half-written, and
-/// thousands of flushes would take longer than the copy.
+/// `to` names no file, in no letter case. A file that was not there before needs no flush and no second name: nothing
+/// is lost when it stays half-written, and thousands of flushes would take longer than the copy.
 void CopyNew(platform::Files& files, const std::string& from, const std::string& to) {
-    auto file = files.Create(to, platform::CreateMode::New);
+    auto file = files.Create(to, platform::CreateMode::AsWritten);
     try {
         platform::CopyContent(files, from, *file);
         file->Close();
@@ -55,20 +56,28 @@ void CopyContentOver(platform::Files& files, platform::UserInterface& ui, const 
     if (!content.exists) throw RuntimeError(ErrorNumber::PathNotFound, content.root);
     routes::ScanProgress progress(ui, "Installing");
     progress.Expect(content.files.size());
+    platform::EntryNames names(files, target);
+    const std::string below = target + "\\";
     for (const std::string& path : content.folders) {
-        const std::string to = target + "\\" + path;
+        const std::string to = below + path;
         if (!files.IsFolder(to)) PassOver(result, path, [&] { files.CreateFolder(to); });
     }
     for (const PackageContent::File& file : content.files) {
         result.isCancelled = !progress.Show(platform::ForDisplay(file.path));
         if (result.isCancelled) return;
         const std::string from = content.root + "\\" + file.path;
-        const std::string to = target + "\\" + file.path;
-        const bool isNew = !files.EntryExists(to);
-        const bool isDone = PassOver(result, file.path,
-                                     [&] { isNew ? CopyNew(files, from, to) : platform::CopyFile(files, from, to); });
+        bool isNew = false;
+        const bool isDone = PassOver(result, file.path, [&] {
+            names.Enter(platform::FolderOf(file.path));
+            const auto [to, exists] = names.Find(platform::NameOf(file.path));
+            isNew = !exists;
+            isNew ? CopyNew(files, from, to) : platform::CopyFile(files, from, to);
+        });
         if (isDone && !isNew) result.replaced.push_back(file.path);
-        if (isDone && isNew) ++result.added;
+        if (isDone && isNew) {
+            ++result.added;
+            names.Add(platform::NameOf(file.path));
+        }
         progress.Count();
     }
 }

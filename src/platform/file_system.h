@@ -73,8 +73,8 @@ public:
     [[nodiscard]] virtual std::unique_ptr<InputFile> Open(const std::string& path) const = 0;
     /// Sorted by name without regard to letter case; "." and ".." left out.
     [[nodiscard]] virtual std::vector<FolderEntry> List(const std::string& folder) const = 0;
-    /// The folders that a list of drives begins with: "C:" and so on, without a backslash; one "\\" where the system has
-    /// no drives.
+    /// The folders that a list of drives begins with: "C:" and so on, without a backslash; one "\\" where the system
+    /// has no drives.
     [[nodiscard]] virtual std::vector<std::string> Drives() const = 0;
     /// The path with every link in it followed; unchanged where there is none or it cannot be followed.
     [[nodiscard]] virtual std::string ResolveLinks(const std::string& path) const = 0;

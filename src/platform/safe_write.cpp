@@ -180,4 +180,18 @@ std::string ReplaceGameFile(Files& files, const std::string& original, const std
     }
 }
 
+bool IsNewFile(const Files& files, const std::string& path, const std::optional<FileStamp>& before) {
+    const auto after = files.Stamp(path);
+    return after && after->size > 0 && after != before;
+}
+
+void PutBack(Files& files, const std::string& backup, const std::string& original) {
+    try {
+        WriteSafely(files, original, [&](OutputFile& sink) { CopyContent(files, backup, sink); });
+        files.CopyAttributes(backup, original);
+    } catch (const RuntimeError&) {
+        if (!files.Stamp(original)) files.Replace(backup, original);
+    }
+}
+
 } // namespace tamarind::platform

@@ -3,6 +3,7 @@
 #include "platform/file_system.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,5 +31,13 @@ void CopyContent(const Files& files, const std::string& from, OutputFile& sink);
 /// absent, empty or half-written. A missing `original` is the error FileNotFound. On failure `original` is unchanged,
 /// no backup was made, and the error's details say so.
 std::string ReplaceGameFile(Files& files, const std::string& original, const std::string& newFile);
+
+/// Whether a file that is not empty stands there, and it is another one than `before`: for a program of which only its
+/// output tells whether it worked.
+[[nodiscard]] bool IsNewFile(const Files& files, const std::string& path, const std::optional<FileStamp>& before);
+
+/// The game file as it was, from its backup, which stays. Where there is no room for both, the backup itself takes the
+/// place, if that is empty. Throws when that fails too.
+void PutBack(Files& files, const std::string& backup, const std::string& original);
 
 } // namespace tamarind::platform

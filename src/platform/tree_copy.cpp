@@ -82,33 +82,41 @@ Tree ListTree(const Files& files, const std::string& folder) {
     return std::move(lister.tree);
 }
 
-TreeCopier::TreeCopier(Files& files, std::string from, std::string to)
-    : files_(files), from_(std::move(from)), to_(std::move(to)), buffer_(kBlock, '\0') {}
+void EntryNames::Enter(const std::string& folder) {
+    if (folder_ == folder) return;
+    folder_.reset();
+    names_.clear();
+    for (const FolderEntry& entry : files_.List(Below(target_, folder)))
+        Add(entry.name);
+    folder_ = folder;
+}
+
+std::pair<std::string, bool> EntryNames::Find(const std::string& name) const {
+    const auto found = names_.find(text::ToLower(name));
+    const bool exists = found != names_.end();
+    return {Below(Below(target_, folder_.value_or("")), exists ? found->second : name), exists};
+}
+
+void EntryNames::Add(const std::string& name) { names_.emplace(text::ToLower(name), name); }
+
+TreeCopier::TreeCopier(Files& files, const std::string& from, std::string to)
+    : files_(files), from_(WithoutTrailingBackslash(files.ResolveLinks(from))), to_(std::move(to)), names_(files, to_),
+      buffer_(kBlock, '\0') {}
 
 void TreeCopier::MakeFolder(const std::string& path) { MakeFolders(files_, Below(to_, path)); }
-
-void TreeCopier::Enter(const std::string& folder) {
-    if (hasEntered_ && folder == folder_) return;
-    hasEntered_ = false;
-    names_.clear();
-    MakeFolder(folder);
-    for (const FolderEntry& entry : files_.List(Below(to_, folder)))
-        names_.emplace(text::ToLower(entry.name), entry.name);
-    folder_ = folder;
-    hasEntered_ = true;
-}
 
 void TreeCopier::Copy(const std::string& path) {
     const std::string source = Below(from_, path);
     const std::unique_ptr<InputFile> file = files_.Open(source);
-    Enter(FolderOf(path));
-    const auto existing = names_.find(text::ToLower(NameOf(path)));
-    const bool exists = existing != names_.end();
-    const std::string target = Below(Below(to_, folder_), exists ? existing->second : NameOf(path));
+    const std::string folder = FolderOf(path);
+    if (made_ != folder) MakeFolder(folder);
+    made_ = folder;
+    names_.Enter(folder);
+    const auto [target, exists] = names_.Find(NameOf(path));
     if (exists && files_.IsFolder(target)) throw RuntimeError(ErrorNumber::PathAccessError, target);
     if (exists && files_.IsWriteProtected(target)) throw RuntimeError(ErrorNumber::PermissionDenied, target);
     Fill(*file, target);
-    names_.emplace(text::ToLower(NameOf(path)), NameOf(path));
+    names_.Add(NameOf(path));
 }
 
 void TreeCopier::Fill(InputFile& source, const std::string& target) {

@@ -62,23 +62,6 @@ bool RemoveScenarioEntry(EditorContext& context, const std::string& xml, const s
     return isWritten;
 }
 
-/// Whether an index stands there that is not the one of before.
-bool IsNewIndex(const platform::Files& files, const std::string& index,
-                const std::optional<platform::FileStamp>& before) {
-    const auto after = files.Stamp(index);
-    return after && after->size > 0 && after != before;
-}
-
-/// The old index under its own name again. Its backup stays, unless there is no room for both.
-void PutBack(platform::Files& files, const std::string& backup, const std::string& index) {
-    try {
-        platform::CopyFile(files, backup, index);
-        files.CopyAttributes(backup, index);
-    } catch (const RuntimeError&) {
-        if (!platform::FileExists(files, index)) files.Replace(backup, index);
-    }
-}
-
 /// Keeps the old binary index under a backup name and converts the edited one into its place.
 Ended ConvertIndexBack(EditorContext& context, const std::string& xml, const std::string& index) {
     auto& files = context.platform.files;
@@ -86,8 +69,8 @@ Ended ConvertIndexBack(EditorContext& context, const std::string& xml, const std
     if (!backup.empty()) files.Rename(index, backup);
     const auto before = files.Stamp(index);
     platform::ConvertToBinary(context.platform.processes, context.ui, context.ConverterFolders(), xml, index);
-    if (IsNewIndex(files, index, before)) return Ended::Done;
-    if (!backup.empty()) PutBack(files, backup, index);
+    if (platform::IsNewFile(files, index, before)) return Ended::Done;
+    if (!backup.empty()) platform::PutBack(files, backup, index);
     context.ui.Show({.text = "The converter wrote no new index of scenarios. The scenario's folder is gone, but its "
                              "entry still stands in\r\n" +
                              platform::ForDisplay(index)});

@@ -2,13 +2,15 @@
 
 #include "platform/wx/fixed_pitch.h"
 #include "platform/wx/smallest_size.h"
-#include "platform/wx/window_icons.h"
 #include "platform/wx/wx_text.h"
 #include "routes/assets.h"
 #include "routes/check.h"
 #include "routes/deletion.h"
 #include "routes/frmListRS.h"
 #include "routes/frmReport.h"
+#include "routes/route_packaging.h"
+#include "routes/scenario_hand_over.h"
+#include "routes/scenario_packaging.h"
 #include "routes/stock.h"
 
 #include <wx/button.h>
@@ -16,7 +18,6 @@
 #include <wx/listbox.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
-#include <wx/weakref.h>
 
 #include <algorithm>
 #include <optional>
@@ -31,7 +32,6 @@ namespace {
 
 constexpr int kGap = 8;
 const wxSize kButtonRoom(8, 0);
-const wxSize kSmallestStatusSize(120, -1);
 /// Ids of routes and scenarios are 36 characters long.
 constexpr int kCharactersInList = 38;
 constexpr int kLinesInList = 10;
@@ -76,11 +76,8 @@ private:
 } // namespace
 
 frmDelRoute::frmDelRoute(wxWindow* parent, EditorContext& context, RouteWindow window, Owner owner)
-    : wxDialog(parent, wxID_ANY, ToWx(TitleOf(context.session.Routes)), wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
-      context_(context), window_(std::move(window)), owner_(std::move(owner)) {
-    SetName("frmDelRoute");
-    platform::SetWindowIcons(*this);
+    : frmTool(parent, TitleOf(context.session.Routes), "frmDelRoute", std::move(owner)), context_(context),
+      window_(std::move(window)) {
     MakeControls();
     BindEvents();
     ShowState();
@@ -167,17 +164,13 @@ void frmDelRoute::MakeControls() {
               wxSizerFlags().Expand().Border(wxTOP, top));
     rows->Add(MakeScenarios(), wxSizerFlags(1).Expand());
     rows->Add(column({MakeButton(Control::Command3, "Command3", 't', &frmDelRoute::Command3_Click),
-                      MakeButton(Control::Command7, "Command7", 'd', nullptr),
+                      MakeButton(Control::Command7, "Command7", 'd', &frmDelRoute::Command7_Click),
                       MakeButton(Control::Command2, "Command2", 'S', &frmDelRoute::Command2_Click),
-                      MakeButton(Control::Command5, "Command5", 'A', nullptr),
-                      MakeButton(Control::Command6, "Command6", 'P', nullptr)}),
+                      MakeButton(Control::Command5, "Command5", 'A', &frmDelRoute::Command5_Click),
+                      MakeButton(Control::Command6, "Command6", 'P', &frmDelRoute::Command6_Click)}),
               wxSizerFlags().Expand().Border(wxTOP, top));
-    status_ = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                               wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE);
-    status_->SetName("StatusLine");
-    status_->SetMinSize(FromDIP(kSmallestStatusSize));
     auto* const bottom = new wxBoxSizer(wxHORIZONTAL);
-    bottom->Add(status_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
+    bottom->Add(MakeStatusLine(), wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
     bottom->Add(MakeButton(Control::CancelButton, "CancelButton", 0, nullptr));
     buttons_[Control::Command1]->SetDefault();
     auto* const outer = new wxBoxSizer(wxVERTICAL);
@@ -197,7 +190,6 @@ void frmDelRoute::MakeControls() {
 }
 
 void frmDelRoute::BindEvents() {
-    Bind(wxEVT_CLOSE_WINDOW, &frmDelRoute::OnClose, this);
     buttons_[Control::CancelButton]->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
     const auto pair = [this](wxListBox& list, wxListBox& other, bool areRoutes) {
         list.Bind(wxEVT_LISTBOX, [this, &list, &other, areRoutes](wxCommandEvent&) {
@@ -207,8 +199,12 @@ void frmDelRoute::BindEvents() {
     };
     pair(*list1_, *list2_, true);
     pair(*list2_, *list1_, true);
-    pair(*list3_, *list4_, false);
-    pair(*list4_, *list3_, false);
+    // While scenarios are packaged, List4 holds those added.
+    const bool packsScenarios = PackagesScenarios(context_.session.Routes);
+    if (!packsScenarios) {
+        pair(*list3_, *list4_, false);
+        pair(*list4_, *list3_, false);
+    }
     for (wxListBox* const list : {list1_, list2_}) {
         list->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) {
             if (buttons_[Control::Command1]->IsEnabled()) Command1_Click();
@@ -216,7 +212,7 @@ void frmDelRoute::BindEvents() {
         UseAsDefault(*list, Control::Command1);
     }
     for (wxListBox* const list : {list3_, list4_})
-        UseAsDefault(*list, Control::Command3);
+        UseAsDefault(*list, packsScenarios ? Control::Command5 : Control::Command3);
 }
 
 /// The Enter key presses the button while the list has the keyboard.
@@ -266,20 +262,54 @@ void frmDelRoute::Command3_Click() {
         return Ended::Declined; // the scenario stays selected
     });
     if (!stock || window_.isClosed) return;
-    auto* const list = new frmListRS(this, AsUtf8(window_.List3.at(selected.front())), std::move(*stock), owner_.run);
+    auto* const list = new frmListRS(this, AsUtf8(window_.List3.at(selected.front())), std::move(*stock), Runner());
     list->Show();
 }
 
 void frmDelRoute::Command4_Click() {
     RunOn(*list1_, kNoRoute, [this](EditorContext& context, Selection selected) {
-        ReportWindows reports(this, owner_.run);
+        ReportWindows reports(this, Runner());
         return CheckRoute(context, window_, selected, reports).ended;
     });
 }
 
+void frmDelRoute::Command5_Click() {
+    const Indices selected = SelectedOf(*list3_);
+    Ended ended = Ended::Failed;
+    Run([&](EditorContext& context) { ended = AddToPackage(context, window_, selected); });
+    if (window_.isClosed) return;
+    // The others stay selected, to be added next.
+    if (ended == Ended::Done && !selected.empty()) list3_->Deselect(static_cast<int>(selected.front()));
+    if (!HasTold()) OnRouteSelected();
+}
+
+void frmDelRoute::Command6_Click() {
+    Run([this](EditorContext& context) { ProcessPackage(context, window_); });
+    if (!window_.isClosed && !HasTold()) OnRouteSelected();
+}
+
+void frmDelRoute::Command7_Click() {
+    RunOn(*list3_, kNoScenario, [this](EditorContext& context, Selection selected) {
+        EditScenario(context, window_, selected);
+        return Ended::Declined; // the scenario stays selected
+    });
+}
+
 void frmDelRoute::OKButton_Click() {
+    if (PackagesRoute(context_.session.Routes)) return PackageSelected();
     RunOn(*list1_, "",
           [this](EditorContext& context, Selection selected) { return DeleteRoute(context, window_, selected); });
+}
+
+void frmDelRoute::PackageSelected() {
+    const Indices selected = SelectedOf(*list1_);
+    Run([&](EditorContext& context) { PackageRoute(context, window_, selected); });
+    if (window_.isClosed || selected.empty()) return;
+    // The first one has left the lists; the others stay selected, each a row higher.
+    for (auto row = selected.begin() + 1; row != selected.end(); ++row)
+        list1_->SetSelection(static_cast<int>(*row) - 1);
+    SelectBoth(*list1_, *list2_);
+    if (!HasTold()) OnRouteSelected();
 }
 
 void frmDelRoute::RunOn(wxListBox& list, const char* hint,
@@ -295,42 +325,12 @@ void frmDelRoute::RunOn(wxListBox& list, const char* hint,
     // What the command told stays until something is selected.
     if (selected.empty()) {
         ShowLine(hint);
-    } else if (!hasTold_) {
+    } else if (!HasTold()) {
         OnRouteSelected();
     }
 }
 
-void frmDelRoute::Run(const std::function<void(EditorContext&)>& command) {
-    const wxWeakRef<wxWindow> focused = FindFocus();
-    ++runningCommands_;
-    hasTold_ = false;
-    ShowButtons();
-    owner_.run(command);
-    --runningCommands_;
-    if (window_.isClosed) {
-        Destroy();
-        return;
-    }
-    ShowState();
-    // A disabled button has lost the keyboard.
-    if (focused && IsDescendant(focused) && focused->IsEnabled()) focused->SetFocus();
-    if (closesAfterwards_) {
-        closesAfterwards_ = false;
-        CallAfter([this] { Close(); });
-    }
-}
-
-void frmDelRoute::OnClose(wxCloseEvent& event) {
-    if (runningCommands_ > 0 && event.CanVeto()) {
-        event.Veto();
-        if (closesAfterwards_) owner_.offerToStop();
-        closesAfterwards_ = true;
-        ShowStatus("The window closes when the running command has ended.");
-        return;
-    }
-    CloseRoutes(context_, window_);
-    Destroy();
-}
+void frmDelRoute::EndState() { CloseRoutes(context_, window_); }
 
 void frmDelRoute::ShowState() {
     const bool areColumnsChanged = file1_.list->IsShown() != window_.isFile1Visible;
@@ -348,7 +348,7 @@ void frmDelRoute::ShowState() {
 
 void frmDelRoute::ShowButtons() {
     for (const auto& [control, button] : buttons_) {
-        button->Enable(runningCommands_ == 0 && routes::IsEnabled(control, context_.session.Routes, window_));
+        button->Enable(!IsRunning() && routes::IsEnabled(control, context_.session.Routes, window_));
     }
 }
 
@@ -362,16 +362,6 @@ void frmDelRoute::Fill(wxListBox& list, const std::vector<std::string>& items) {
     for (const std::string& item : items)
         texts.Add(ToWx(AsUtf8(item)));
     list.Set(texts);
-}
-
-void frmDelRoute::ShowStatus(const std::string& text) {
-    hasTold_ = true;
-    ShowLine(text);
-}
-
-void frmDelRoute::ShowLine(const std::string& text) {
-    status_->SetLabelText(ToWx(text));
-    status_->SetToolTip(ToWx(text));
 }
 
 } // namespace tamarind::routes

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "platform/wx/status_line.h"
+#include "routes/frmTool.h"
 #include "routes/route_window.h"
-#include "session/editor_context.h"
-
-#include <wx/dialog.h>
 
 #include <functional>
 #include <map>
@@ -14,24 +11,14 @@
 class wxButton;
 class wxListBox;
 class wxSizer;
-class wxStaticText;
 
 namespace tamarind::routes {
 
-/// The routes of the game and the scenarios of one of them, for deleting, checking and packaging. It stays open beside
-/// the main window.
-class frmDelRoute : public wxDialog, public platform::StatusLine {
+/// The routes of the game and the scenarios of one of them, for deleting, checking and packaging.
+class frmDelRoute final : public frmTool {
 public:
-    /// What the main window does for it.
-    struct Owner {
-        session::CommandRunner run;
-        std::function<void()> offerToStop; ///< asks whether to stop the outside program that is waited for
-    };
-
     /// `window` as LoadRoutes has filled it.
     frmDelRoute(wxWindow* parent, session::EditorContext& context, RouteWindow window, Owner owner);
-
-    void ShowStatus(const std::string& text) override;
 
 private:
     using Indices = std::vector<std::size_t>;
@@ -56,22 +43,24 @@ private:
     void Command2_Click();
     void Command3_Click();
     void Command4_Click();
+    void Command5_Click();
+    void Command6_Click();
+    void Command7_Click();
     void OKButton_Click();
-    void OnClose(wxCloseEvent& event);
+    void PackageSelected();
     void OnRouteSelected();
 
-    void Run(const std::function<void(session::EditorContext&)>& command);
     /// Runs a command on the selected routes or scenarios, and unselects them unless it was declined.
     void RunOn(wxListBox& list, const char* hint,
                const std::function<Ended(session::EditorContext&, Selection)>& command);
-    void ShowState();
-    void ShowLine(const std::string& text);
-    void ShowButtons();
+    void ShowState() override;
+    void ShowButtons() override;
+    void EndState() override;
+    [[nodiscard]] bool IsEnded() const override { return window_.isClosed; }
     void Fill(wxListBox& list, const std::vector<std::string>& items);
 
     session::EditorContext& context_;
     RouteWindow window_;
-    Owner owner_;
     std::map<Control, wxButton*> buttons_;
     std::map<const wxListBox*, std::vector<std::string>> shown_;
     wxListBox* list1_ = nullptr;
@@ -79,10 +68,6 @@ private:
     wxListBox* list3_ = nullptr;
     wxListBox* list4_ = nullptr;
     Column file1_{};
-    wxStaticText* status_ = nullptr;
-    int runningCommands_ = 0;
-    bool hasTold_ = false; ///< the last command has told something in the status line
-    bool closesAfterwards_ = false;
 };
 
 } // namespace tamarind::routes

@@ -1,6 +1,6 @@
 #include "routes/package_layout.h"
 
-#include "routes/deletion.h"
+#include "routes/folder_name.h"
 #include "text/runtime_error.h"
 #include "text/search.h"
 

@@ -114,7 +114,7 @@ Packaged Package(EditorContext& context, const RouteWindow& window, Job& job) {
 
 } // namespace
 
-void BeginRoutePackaging(EditorContext& context) { context.session.Routes.RouteFormMode = session::kSet; }
+void OpenRoutePackager(EditorContext& context) { OpenRoutesFor(context, session::kSet); }
 
 Packaged PackageRoute(EditorContext& context, RouteWindow& window, Selection selectedRoutes) {
     if (window.isBusy) return {Ended::Failed, {}};

@@ -12,8 +12,8 @@ struct Packaged {
     std::string folder;        ///< of the package, as far as it was made; empty when nothing was packaged
 };
 
-/// What mnuPack does before the routes window opens.
-void BeginRoutePackaging(session::EditorContext& context);
+/// The menu command that packages a route: opens the routes window for that.
+void OpenRoutePackager(session::EditorContext& context);
 
 /// OKButton while RouteFormMode is set: packages the first selected route, without a question, into a folder named by
 /// its display name inside the program's. The route leaves the window's lists; the window stays open. Shows progress;

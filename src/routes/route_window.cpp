@@ -17,9 +17,6 @@ using text::RuntimeError;
 
 namespace {
 
-bool PackagesRoute(const RouteState& state) { return state.RouteFormMode != 0; }
-bool PackagesScenarios(const RouteState& state) { return state.ScenarioPackMode != 0; }
-
 std::string ConvertedIndex(EditorContext& context, RouteWindow& window) {
     auto& session = context.session;
     const std::string index = window.RouteFolder + "\\Scenarios.bin";
@@ -45,6 +42,9 @@ void FillScenarioLists(EditorContext& context, RouteWindow& window) {
 }
 
 } // namespace
+
+bool PackagesRoute(const RouteState& state) { return state.RouteFormMode != 0; }
+bool PackagesScenarios(const RouteState& state) { return state.ScenarioPackMode != 0; }
 
 std::string TitleOf(const RouteState& state) {
     return PackagesRoute(state) ? "Select Route to Package" : "Select Route";
@@ -85,13 +85,13 @@ bool IsEnabled(Control control, const RouteState& /*state*/, const RouteWindow& 
     switch (control) {
     case Control::Command1: return !window.isBusy && !window.showsPackage;
     case Control::Command2:
-    case Control::Command3: return !window.isBusy && window.hasScenarios;
+    case Control::Command3:
+    case Control::Command7: return !window.isBusy && window.hasScenarios;
     case Control::Command4:
     case Control::Command5:
     case Control::Command6:
     case Control::OKButton:
     case Control::CancelButton: return !window.isBusy;
-    case Control::Command7: return false;
     default: return true;
     }
 }
@@ -126,8 +126,18 @@ std::string RouteFolderOf(const EditorContext& context, const std::string& route
     return context.session.RailSimPath + "\\content\\Routes\\" + routeId;
 }
 
-void OpenRoutes(EditorContext& context) {
-    context.session.Routes.RouteFormMode = 0;
+void OpenRoutes(EditorContext& context) { OpenRoutesFor(context, 0); }
+
+void OpenRoutesFor(EditorContext& context, std::int16_t routeFormMode) {
+    RouteState& state = context.session.Routes;
+    if (PackagesScenarios(state)) {
+        context.view.ShowRoutes();
+        context.ui.ShowStatus(kScenariosFirst);
+        return;
+    }
+    // The mode is that of the window while one is open.
+    if (state.RouteFormMode != routeFormMode && !context.view.CloseRoutes()) return;
+    state.RouteFormMode = routeFormMode;
     context.view.ShowRoutes();
 }
 

@@ -62,8 +62,7 @@ enum class Control {
 [[nodiscard]] std::string CaptionOf(Control control, const session::RouteState& state);
 [[nodiscard]] bool IsVisible(Control control, const session::RouteState& state);
 /// Whether the button has a command that may begin now: no other one is waiting, and those on a scenario need a list of
-/// scenarios. Adding to a package may begin without one: it then repeats the last addition. Scenario editing has no
-/// command yet.
+/// scenarios. Adding to a package may begin without one: it then repeats the last addition.
 [[nodiscard]] bool IsEnabled(Control control, const session::RouteState& state, const RouteWindow& window);
 /// For the status line: how many routes there are, and the full path of the selected one, as the system writes it;
 /// while none is selected, of the one whose scenarios are listed.
@@ -83,6 +82,13 @@ enum class Ended {
 
 /// The menu command that deletes and checks routes: opens the window for that.
 void OpenRoutes(session::EditorContext& context);
+/// Opens the window in a mode (0 or kSet); one that is open in the other mode closes first. While the window packages
+/// scenarios it only comes to the front, so that what was added is not lost.
+void OpenRoutesFor(session::EditorContext& context, std::int16_t routeFormMode);
+/// Told where a window that packages scenarios is in the way of another job.
+inline constexpr const char* kScenariosFirst = "Please close this window first: it packages scenarios.";
+[[nodiscard]] bool PackagesRoute(const session::RouteState& state);
+[[nodiscard]] bool PackagesScenarios(const session::RouteState& state);
 
 /// Window load: reads the routes index and lists its routes. Without an index the lists are empty.
 /// Throws RuntimeError, which ends the program, for an index that cannot be read or whose records are not whole.

@@ -90,6 +90,17 @@ Packaged Process(EditorContext& context, RouteWindow& window, const std::string&
 
 } // namespace
 
+void OpenScenarioPackager(EditorContext& context) {
+    const RouteState& state = context.session.Routes;
+    if (state.AssetPackMode != 0) {
+        context.view.ShowAssets();
+        context.ui.ShowStatus("Please close this window first: it packages assets.");
+        return;
+    }
+    if (!PackagesScenarios(state) && (!context.view.CloseRoutes() || !BeginScenarioPackaging(context))) return;
+    context.view.ShowRoutes();
+}
+
 bool BeginScenarioPackaging(EditorContext& context) {
     if (!MayUseTempFiles(context)) return false;
     ClearTempFiles(context);

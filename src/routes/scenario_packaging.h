@@ -7,7 +7,12 @@
 
 namespace tamarind::routes {
 
-/// What mnuPackSce does before the routes window opens: TempFiles is emptied (what is recovered stays), and the package
+/// The menu command that packages scenarios: begins and opens the routes window for that; one that packages scenarios
+/// already comes to the front. While the asset packager is open, which shares the package's name and TempFiles, that
+/// one comes to the front instead.
+void OpenScenarioPackager(session::EditorContext& context);
+
+/// Before the routes window opens: TempFiles is emptied (what is recovered stays), and the package
 /// has no name yet. False, and nothing changed, while a game file is being converted; the person is told.
 bool BeginScenarioPackaging(session::EditorContext& context);
 

@@ -113,6 +113,12 @@ public:
     virtual void ShowAbout() = 0;
     /// The help's table of contents. `file` is a program's path, whether it exists or not.
     virtual void ShowHelp(const std::string& file) = 0;
+    /// Closes the routes window; false when it stays open, since a command of its is running.
+    virtual bool CloseRoutes() = 0;
+    /// Opens the asset packager's window; one that is open comes to the front.
+    virtual void ShowAssets() = 0;
+    /// Opens the scenario editor on what the session's ScenarioEditState holds, and returns when it is closed.
+    virtual void ShowScenarioEditor() = 0;
 };
 
 } // namespace tamarind::session

@@ -55,6 +55,9 @@ public:
     void ShowRoutes() override {}
     void ShowAbout() override {}
     void ShowHelp(const std::string&) override {}
+    bool CloseRoutes() override { return true; }
+    void ShowAssets() override {}
+    void ShowScenarioEditor() override {}
 
 private:
     std::string caption_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/route_state.h"
+#include "session/scenario_edit_state.h"
 
 #include <cstdint>
 #include <string>
@@ -30,6 +31,7 @@ struct Session {
     std::string TempBase;     ///< FileBaseName in TempFiles: + "bin" is the working copy, + "xml" its XML
 
     RouteState Routes;
+    ScenarioEditState ScenarioEdit;
 
     std::vector<std::string> convertingBases; ///< TempBase of each game file that is being converted now
 

@@ -177,6 +177,7 @@ void frmEditor::OnClose(wxCloseEvent& event) {
         return;
     }
     if (routes_) routes_->Close(true);
+    if (assets_) assets_->Close(true);
     Destroy();
 }
 
@@ -191,6 +192,7 @@ void frmEditor::OfferToStop() {
 void frmEditor::ShowStatus(const std::string& text) {
     SetStatusText(ToWx(text));
     if (routes_) routes_->ShowStatus(text);
+    if (assets_) assets_->ShowStatus(text);
     if (auto* const front = dynamic_cast<platform::StatusLine*>(platform::FrontWindow(this))) front->ShowStatus(text);
 }
 

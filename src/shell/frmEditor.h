@@ -3,6 +3,7 @@
 #include "convert/texture_preview_page.h"
 #include "editors/text_page.h"
 #include "editors/tree_page.h"
+#include "install/frmFolder3.h"
 #include "platform/wx/wx_ui.h"
 #include "routes/frmDelRoute.h"
 #include "session/editor_context.h"
@@ -50,6 +51,7 @@ private:
     void ShowStatus(const std::string& text);
     /// Asks whether to stop the outside program that a command is waiting for.
     void OfferToStop();
+    [[nodiscard]] routes::frmTool::Owner ToolOwner();
 
     void OnMenu(wxCommandEvent& event);
     void OnClose(wxCloseEvent& event);
@@ -101,6 +103,9 @@ private:
     void ShowRoutes() override;
     void ShowAbout() override;
     void ShowHelp(const std::string& file) override;
+    bool CloseRoutes() override;
+    void ShowAssets() override;
+    void ShowScenarioEditor() override;
 
     session::Session& session_;
     document::OpenDocument document_;
@@ -111,7 +116,9 @@ private:
     editors::TextPage* textPage_ = nullptr;
     convert::TexturePreviewPage* preview_ = nullptr;
     editors::TreePage* treePage_ = nullptr;
-    wxWeakRef<routes::frmDelRoute> routes_; ///< null while there is none
+    // The windows of the tools; null while there is none.
+    wxWeakRef<routes::frmDelRoute> routes_;
+    wxWeakRef<install::frmFolder3> assets_;
     std::map<std::string_view, wxMenu*> menus_;
     bool textFilesMenuShown_ = true;
     wxRect normalPlace_; ///< where the window is when neither maximised nor minimised

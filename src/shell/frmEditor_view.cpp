@@ -1,3 +1,4 @@
+#include "authoring/frmScenEdit.h"
 #include "convert/texture_xml.h"
 #include "editors/dlgFind.h"
 #include "editors/frmAddAttribute.h"
@@ -167,12 +168,38 @@ void frmEditor::ShowRoutes() {
     if (!routes_) {
         routes::RouteWindow window;
         routes::LoadRoutes(context_, window);
-        routes_ = new routes::frmDelRoute(
-            this, context_, std::move(window),
-            {.run = [this](const auto& command) { Run(command); }, .offerToStop = [this] { OfferToStop(); }});
+        routes_ = new routes::frmDelRoute(this, context_, std::move(window), ToolOwner());
         routes_->Show();
     }
     routes_->Raise();
+}
+
+bool frmEditor::CloseRoutes() {
+    if (routes_ && !routes_->Close()) return false;
+    routes_ = nullptr; // it is destroyed later
+    return true;
+}
+
+void frmEditor::ShowAssets() {
+    if (!assets_) {
+        install::AssetWindow window;
+        install::LoadAssets(context_, window);
+        assets_ = new install::frmFolder3(this, context_, std::move(window), ToolOwner());
+        assets_->Show();
+    }
+    assets_->Raise();
+}
+
+routes::frmTool::Owner frmEditor::ToolOwner() {
+    return {.run = [this](const auto& command) { Run(command); }, .offerToStop = [this] { OfferToStop(); }};
+}
+
+void frmEditor::ShowScenarioEditor() {
+    authoring::ScenarioWindow window;
+    if (!authoring::LoadScenario(context_, window)) return;
+    wxWindow* const parent = routes_ ? static_cast<wxWindow*>(routes_.get()) : this;
+    authoring::frmScenEdit dialog(parent, context_, std::move(window), ToolOwner());
+    dialog.ShowModal();
 }
 
 void frmEditor::ShowAbout() { frmAbout(this).ShowModal(); }

@@ -4,7 +4,11 @@
 #include "convert/texture_export.h"
 #include "convert/texture_import.h"
 #include "editors/tree_editor.h"
+#include "install/asset_window.h"
+#include "markers/marker_file.h"
+#include "routes/route_packaging.h"
 #include "routes/route_window.h"
+#include "routes/scenario_packaging.h"
 #include "shell/options.h"
 
 #include <array>
@@ -71,10 +75,10 @@ constexpr std::array kItems = {
     MenuItem{"mnuConv", "mnuDDStoKrs", "Convert .dds to RS", Run<convert::ImportTexture>},
 
     MenuItem{"mnuTools", "mnuDelRoute", "Check Routes or Scenarios", routes::OpenRoutes},
-    MenuItem{"mnuTools", "mnuMarker", "Convert Marker files", nullptr},
-    MenuItem{"mnuTools", "mnuPackAss", "Package Assets", nullptr},
-    MenuItem{"mnuTools", "mnuPack", "Package Route", nullptr},
-    MenuItem{"mnuTools", "mnuPackSce", "Package Scenarios", nullptr},
+    MenuItem{"mnuTools", "mnuMarker", "Convert Marker files", markers::ConvertMarkerFile},
+    MenuItem{"mnuTools", "mnuPackAss", "Package Assets", install::OpenAssetPackager},
+    MenuItem{"mnuTools", "mnuPack", "Package Route", routes::OpenRoutePackager},
+    MenuItem{"mnuTools", "mnuPackSce", "Package Scenarios", routes::OpenScenarioPackager},
     MenuItem{"mnuTools", "mnuDeveloper", "Set Up Developer Folder", nullptr},
     MenuItem{"mnuTools", "mnuDevFolders", "Set Up Sub- Folders", nullptr},
 

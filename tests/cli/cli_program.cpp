@@ -3,6 +3,7 @@
 #include "system/program.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace tamarind::tests {
 
@@ -47,6 +48,15 @@ nlohmann::json CliTest::RunJson(const std::vector<std::string>& words, int exitC
     nlohmann::json report = nlohmann::json::parse(ran.output, nullptr, false);
     EXPECT_TRUE(report.is_object()) << "not exactly one object: " << ran.output;
     return report;
+}
+
+Environment CliTest::WithOwnCopyProgram() const {
+    if (std::string(XCOPY_NAME).empty()) return {};
+    fs::create_directories(Path("Copy"));
+    if (const fs::path copy = Path("Copy") / "xcopy.exe"; !fs::exists(copy))
+        fs::copy_file(samples::ProgramFolder() / XCOPY_NAME, copy);
+    const char* const path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nothing changes it
+    return {{"PATH", samples::Utf8(Path("Copy").make_preferred()) + ";" + (path == nullptr ? "" : path)}};
 }
 
 std::string CliTest::Binary(const std::string& xml) {

@@ -31,6 +31,9 @@ protected:
     /// The same with --json; the one object on standard output.
     nlohmann::json RunJson(const std::vector<std::string>& words, int exitCode, const Environment& environment = {});
 
+    /// The environment for programs that copy with xcopy. Wine's refuses a target that ends in "\*.*", which Windows
+    /// takes; there, a small one of our own stands in.
+    [[nodiscard]] Environment WithOwnCopyProgram() const;
     /// The bytes that the converter makes of an XML text.
     std::string Binary(const std::string& xml);
     /// A path as the program spells it for people on this system.

@@ -5,8 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <map>
 
 namespace tamarind::tests {
@@ -14,6 +12,7 @@ namespace {
 
 using nlohmann::json;
 using samples::ReadFile;
+using samples::ReadTree;
 using samples::Utf8;
 using samples::WriteFile;
 using testing::ElementsAre;
@@ -26,38 +25,18 @@ constexpr const char* kShunt = "5a1e0d20-0003-4c00-9a10-7a3a21d0b003";
 
 using Content = std::map<std::string, std::string>;
 
-/// Every file below a folder, by its path with "/".
-Content FilesOf(const fs::path& folder) {
-    Content files;
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        if (!entry.is_regular_file()) continue;
-        const auto name = entry.path().lexically_relative(folder).generic_u8string();
-        files[std::string(name.begin(), name.end())] = ReadFile(entry.path());
-    }
-    return files;
-}
-
 /// The sample game, and any bytes for the setup program.
 class PackageCli : public CliTest {
 protected:
     PackageCli() {
         game_ = samples::WriteSampleGame(folder_);
         WriteFile(kit_ / "RouteSetup.exe", "any\r\nbytes\x1A");
-        UseOwnCopyProgram();
-    }
-    /// Wine's xcopy refuses a target that ends in "\*.*", which Windows takes; there, a small one of our own stands in.
-    void UseOwnCopyProgram() {
-        if (std::string(XCOPY_NAME).empty()) return;
-        fs::create_directories(Path("Copy"));
-        fs::copy_file(samples::ProgramFolder() / XCOPY_NAME, Path("Copy") / "xcopy.exe");
-        const char* const path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nothing changes it
-        environment_["PATH"] = Utf8(Path("Copy").make_preferred()) + ";" + (path == nullptr ? "" : path);
     }
     json Json(const std::vector<std::string>& words, int exitCode = 0) {
         return RunJson(words, exitCode, environment_);
     }
 
-    Environment environment_;
+    Environment environment_ = WithOwnCopyProgram();
 };
 
 // Names of tests are names of folders, and with a package of scenarios below them paths come close to 260 characters.
@@ -71,7 +50,7 @@ std::string Record(const std::string& index, const std::string& tag, const std::
 
 TEST_F(PackageCli, RoutePackagesTheWholeRoute) {
     const std::string name = "Alder Vale to Quillmouth";
-    const Content before = FilesOf(game_);
+    const Content before = ReadTree(game_);
     const json report = Json({"package", "route", kAlder});
     EXPECT_EQ(report["result"], (json{{"folder", Shown(kit_ / name)}}));
     const json expected = {
@@ -82,12 +61,12 @@ TEST_F(PackageCli, RoutePackagesTheWholeRoute) {
         {"answer", "ok"}};
     EXPECT_EQ(report["messages"], json::array({expected}));
     Content wanted;
-    for (const auto& [path, bytes] : FilesOf(game_ / "Content" / "Routes" / kAlder))
+    for (const auto& [path, bytes] : ReadTree(game_ / "Content" / "Routes" / kAlder))
         wanted["Rail Simulator/Content/Routes/" + std::string(kAlder) + "/" + path] = bytes;
     wanted["RouteSetup.exe"] = "any\r\nbytes\x1A";
     wanted["Route_Setup.xxx"] = Record(ReadFile(game_ / "Content" / "Routes.xml"), "cRouteProperties", kAlder) + "\r\n";
-    EXPECT_EQ(FilesOf(kit_ / name), wanted);
-    EXPECT_EQ(FilesOf(game_), before);
+    EXPECT_EQ(ReadTree(kit_ / name), wanted);
+    EXPECT_EQ(ReadTree(game_), before);
 }
 
 TEST_F(PackageCli, RouteTakesADisplayNameAndPrintsTheFolder) {
@@ -123,14 +102,14 @@ TEST_F(PackageCli, ScenariosStayInOrder) {
     const std::string scenarios = "Content/Routes/" + std::string(kAlder) + "/Scenarios/";
     Content wanted;
     for (const char* id : {kShunt, kMilk}) {
-        for (const auto& [path, bytes] : FilesOf(game_ / scenarios / id))
+        for (const auto& [path, bytes] : ReadTree(game_ / scenarios / id))
             wanted["Rail Simulator/content" + scenarios.substr(7) + id + "/" + path] = bytes;
     }
     wanted["AssetSetup.exe"] = "any\r\nbytes\x1A";
     wanted["Scenario.yyy"] = std::string(kAlder) + "\r\n" + kShunt + "\r\n" + kMilk + "\r\n";
     wanted["Scenario.zzz"] =
         Record(index, "cScenarioProperties", kShunt) + "\r\n" + Record(index, "cScenarioProperties", kMilk) + "\r\n";
-    EXPECT_EQ(FilesOf(package), wanted);
+    EXPECT_EQ(ReadTree(package), wanted);
 }
 
 TEST_F(PackageCli, ScenariosThatAreNotThereFailBeforeAnythingIsMade) {
@@ -154,11 +133,11 @@ TEST_F(PackageCli, AssetsPackagesFoldersUnderTheNameOfTheFirst) {
     EXPECT_EQ(report["messages"][0]["text"], "Your assets are now saved in \r\n" + Shown(kit_ / "HarbourSet") +
                                                  "\r\nYou may now zip up this folder and distribute it.");
     Content wanted{{"AssetSetup.exe", "any\r\nbytes\x1A"}};
-    for (const auto& [path, bytes] : FilesOf(first))
+    for (const auto& [path, bytes] : ReadTree(first))
         wanted["Rail Simulator/Assets/Tansywick/HarbourSet/" + path] = bytes;
-    for (const auto& [path, bytes] : FilesOf(second))
+    for (const auto& [path, bytes] : ReadTree(second))
         wanted["Rail Simulator/Source/Fernhollow/" + path] = bytes;
-    EXPECT_EQ(FilesOf(kit_ / "HarbourSet"), wanted);
+    EXPECT_EQ(ReadTree(kit_ / "HarbourSet"), wanted);
 }
 
 TEST_F(PackageCli, AssetsOutsideRailSimulatorAreRefused) {

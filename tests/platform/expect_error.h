@@ -24,4 +24,8 @@ template <typename Step> int NumberOfError(const Step& step) {
     return error ? error->Number() : 0;
 }
 
+template <typename Step> void ExpectError(const Step& step, text::ErrorNumber number) {
+    EXPECT_EQ(NumberOfError(step), static_cast<int>(number));
+}
+
 } // namespace tamarind::tests

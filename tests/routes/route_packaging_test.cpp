@@ -19,7 +19,7 @@ const std::string kTarget = std::string("Alder Vale\\Rail Simulator\\Content\\Ro
 class RoutePackaging : public testing::Test {
 protected:
     RoutePackaging() {
-        routes::BeginRoutePackaging(rig.context);
+        routes::OpenRoutePackager(rig.context);
         rig.LoadRoutes();
     }
     PackageRig rig;

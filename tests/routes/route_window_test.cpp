@@ -79,10 +79,11 @@ TEST(RouteWindow, EnablesScenarioButtonsOnlyWhenScenariosAreListed) {
     EXPECT_TRUE(IsEnabled(Control::Command1, State(0, 0), window));
     EXPECT_FALSE(IsEnabled(Control::Command2, State(0, 0), window));
     EXPECT_FALSE(IsEnabled(Control::Command3, State(0, 0), window));
+    EXPECT_FALSE(IsEnabled(Control::Command7, State(0, 0), window));
     window.hasScenarios = true;
     EXPECT_TRUE(IsEnabled(Control::Command2, State(0, 0), window));
     EXPECT_TRUE(IsEnabled(Control::Command3, State(0, 0), window));
-    EXPECT_FALSE(IsEnabled(Control::Command7, State(0, 0), window));
+    EXPECT_TRUE(IsEnabled(Control::Command7, State(0, 0), window));
     EXPECT_TRUE(IsEnabled(Control::OKButton, State(kSet, 0), window));
 }
 
@@ -90,7 +91,7 @@ TEST(RouteWindow, LetsNoCommandBeginWhileOneWaits) {
     routes::RouteWindow window;
     window.hasScenarios = window.isBusy = true;
     for (const Control control : {Control::Command1, Control::Command2, Control::Command3, Control::Command4,
-                                  Control::OKButton, Control::CancelButton}) {
+                                  Control::Command7, Control::OKButton, Control::CancelButton}) {
         EXPECT_FALSE(IsEnabled(control, State(0, 0), window));
     }
 }

@@ -32,6 +32,19 @@ std::map<std::string, std::string> ReadTree(const fs::path& folder) {
     return tree;
 }
 
+std::vector<std::string> Differences(const std::map<std::string, std::string>& one,
+                                     const std::map<std::string, std::string>& other) {
+    std::vector<std::string> names;
+    for (const auto& [name, bytes] : one) {
+        const auto found = other.find(name);
+        if (found == other.end() || found->second != bytes) names.push_back(name);
+    }
+    for (const auto& [name, bytes] : other) {
+        if (!one.contains(name)) names.push_back(name);
+    }
+    return names;
+}
+
 SampleTest::SampleTest() {
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
     folder_ = ProgramFolder() / "sample_tests.tmp" / (std::string(test.test_suite_name()) + "." + test.name());

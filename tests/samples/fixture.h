@@ -8,6 +8,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tamarind::samples {
 
@@ -17,6 +18,9 @@ void WriteFile(const std::filesystem::path& path, std::string_view bytes);
 
 /// Every file below the folder with its bytes, by its relative name with "/".
 std::map<std::string, std::string> ReadTree(const std::filesystem::path& folder);
+/// The names of the files that are in one tree alone, or not the same in both.
+std::vector<std::string> Differences(const std::map<std::string, std::string>& one,
+                                     const std::map<std::string, std::string>& other);
 
 /// A test with an empty folder of its own, gone afterwards.
 class SampleTest : public testing::Test {

@@ -92,6 +92,8 @@ protected:
     }
     bool IsEnabled(std::string_view name) { return IsItemEnabled(Item(name), rig.context); }
 
+    MenuItemsTest() { files.folders = {"C:", "C:\\Kit", "C:\\Kit\\TempFiles"}; }
+
     tests::MemoryFiles files;
     tests::EditorRig rig{files, "C:\\Kit"};
 };
@@ -189,7 +191,64 @@ TEST_F(MenuItemsTest, ForRoutesOpensTheirWindowForDeleting) {
     rig.session.Routes.RouteFormMode = session::kSet;
     Item("mnuDelRoute").command(rig.context);
     EXPECT_EQ(rig.session.Routes.RouteFormMode, 0);
-    EXPECT_THAT(rig.view.calls, testing::ElementsAre("ShowRoutes"));
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("CloseRoutes", "ShowRoutes"));
+}
+
+TEST_F(MenuItemsTest, ForPackagingARouteOpensTheRoutesWindowForThat) {
+    Item("mnuPack").command(rig.context);
+    EXPECT_EQ(rig.session.Routes.RouteFormMode, session::kSet);
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("CloseRoutes", "ShowRoutes"));
+}
+
+TEST_F(MenuItemsTest, ForRoutesBringsAWindowOfTheSameJobToTheFront) {
+    Item("mnuDelRoute").command(rig.context);
+    Item("mnuDelRoute").command(rig.context);
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("ShowRoutes", "ShowRoutes"));
+}
+
+TEST_F(MenuItemsTest, ForRoutesLeavesTheModeWhileARunningCommandKeepsTheWindowOpen) {
+    rig.view.closesRoutes = false;
+    Item("mnuPack").command(rig.context);
+    EXPECT_EQ(rig.session.Routes.RouteFormMode, 0);
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("CloseRoutes"));
+}
+
+TEST_F(MenuItemsTest, ForPackagingScenariosOpensTheRoutesWindowForThat) {
+    rig.session.Routes.PackageFolderName = "old";
+    Item("mnuPackSce").command(rig.context);
+    EXPECT_EQ(rig.session.Routes.ScenarioPackMode, session::kSet);
+    EXPECT_EQ(rig.session.Routes.PackageFolderName, "");
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("CloseRoutes", "ShowRoutes"));
+}
+
+TEST_F(MenuItemsTest, ForPackagingScenariosKeepsAPackageThatIsBeingPutTogether) {
+    Item("mnuPackSce").command(rig.context);
+    rig.session.Routes.PackageFolderName = "begun";
+    for (const char* const item : {"mnuPackSce", "mnuDelRoute", "mnuPack", "mnuPackAss"})
+        Item(item).command(rig.context);
+    EXPECT_EQ(rig.session.Routes.PackageFolderName, "begun");
+    EXPECT_EQ(rig.session.Routes.RouteFormMode, 0);
+    EXPECT_EQ(rig.session.Routes.AssetPackMode, 0);
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("CloseRoutes", "ShowRoutes", "ShowRoutes", "ShowRoutes",
+                                                     "ShowRoutes", "ShowRoutes"));
+}
+
+TEST_F(MenuItemsTest, ForPackagingAssetsOpensTheirWindow) {
+    rig.session.Routes.PackageFolderName = "old";
+    Item("mnuPackAss").command(rig.context);
+    EXPECT_EQ(rig.session.Routes.AssetPackMode, session::kSet);
+    EXPECT_EQ(rig.session.Routes.PackageFolderName, "");
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("ShowAssets"));
+}
+
+TEST_F(MenuItemsTest, ForPackagingAssetsKeepsAPackageThatIsBeingPutTogether) {
+    Item("mnuPackAss").command(rig.context);
+    rig.session.Routes.PackageFolderName = "begun";
+    Item("mnuPackAss").command(rig.context);
+    Item("mnuPackSce").command(rig.context);
+    EXPECT_EQ(rig.session.Routes.PackageFolderName, "begun");
+    EXPECT_EQ(rig.session.Routes.ScenarioPackMode, 0);
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("ShowAssets", "ShowAssets", "ShowAssets"));
 }
 
 TEST_F(MenuItemsTest, RunTheirOwnCommand) {
@@ -199,6 +258,7 @@ TEST_F(MenuItemsTest, RunTheirOwnCommand) {
         {"mnuSavexml", "Save .xml format files"}, {"mnuSaveAs", "Save KRS format files"},
         {"mnuOpenTex", "Open RS Texture files"},  {"mnuFileOpen", "Open RailSim file"},
         {"mnuOpenXCT", "Select file to load"},    {"mnuFileSaveAs", "Select Filename to Save As..."},
+        {"mnuMarker", "Open Marker file"},
     };
     for (const auto& [name, title] : dialogs) {
         rig.ui.filePaths = {""};

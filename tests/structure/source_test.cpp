@@ -9,8 +9,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::vector<std::string> kRooms{"text",    "platform", "document", "session", "editors",
-                                      "convert", "routes",   "install",  "shell",   "cli"};
+const std::vector<std::string> kRooms{"text",    "platform", "document", "session",   "editors", "convert",
+                                      "markers", "routes",   "install",  "authoring", "shell",   "cli"};
 constexpr std::size_t kMostLines = 500;
 
 const SourceTree& Sources() {

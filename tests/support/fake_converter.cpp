@@ -34,11 +34,14 @@ void FakeConverter::operator()(const platform::ProcessStart& start) {
     }
     const bool toXml = start.commandLine.find(" xml:\"") != std::string::npos;
     const std::string input = platform::ReadBytes(files_, paths[0]);
-    if (toXml && !input.starts_with("BIN:")) {
+    const bool isBinary = input.starts_with("BIN:");
+    // The word is the same both ways where an index is converted back.
+    const bool isXml = input.starts_with("<");
+    if (toXml && !isBinary && !isXml) {
         return;
     }
     const auto output = files_.Create(paths[1], platform::CreateMode::Overwrite);
-    output->Write(toXml ? input.substr(4) : GameFile(input));
+    output->Write(toXml && isBinary ? input.substr(4) : GameFile(input));
     output->Close();
 }
 

@@ -12,7 +12,8 @@ namespace tamarind::tests {
 /// The bytes of a game file that the fake converter understands: "BIN:" and the XML as it is.
 [[nodiscard]] inline std::string GameFile(std::string_view xml) { return "BIN:" + std::string(xml); }
 
-/// Stands for the converter in FakeProcesses. A binary file that does not begin with "BIN:" gives no output.
+/// Stands for the converter in FakeProcesses. It goes by the input alone; what begins neither with "BIN:" nor with "<"
+/// gives no output where XML is asked for.
 class FakeConverter {
 public:
     explicit FakeConverter(platform::Files& files) : files_(files) {}

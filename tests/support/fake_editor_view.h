@@ -14,7 +14,7 @@ public:
     /// Rows and pages, in order: "ShowTree", "ClearTree", "AddRow nod2", "RemoveRow nod2", "EditRowLabel nod2",
     /// "ShowPage text", "ShowPage tree", "SetGeometry", "ShowWindow", "CloseWindow", "ShowRoutes", "ShowAbout",
     /// "ShowHelp C:\\Kit\\Tamarind.chm", "ShowRowName nod2", "SelectRow nod2", "MarkRow nod2", "UnmarkRows",
-    /// "HighlightEditorText", "ShowTextSearch".
+    /// "HighlightEditorText", "ShowTextSearch", "CloseRoutes", "ShowAssets".
     std::vector<std::string> calls;
 
     session::Page page = session::Page::Text;
@@ -22,6 +22,7 @@ public:
     bool isAreaEnabled = false;
     bool isEditingEnabled = false;
     std::vector<std::string> attributeNames;
+    bool closesRoutes = true; ///< what CloseRoutes answers
     int selectedAttribute = -1;
     std::string attributeValue;
     std::string characters;
@@ -104,6 +105,12 @@ public:
     void ShowCharacters(const std::string& text) override { characters = text; }
     [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override { return newAttribute; }
     void ShowRoutes() override { calls.emplace_back("ShowRoutes"); }
+    bool CloseRoutes() override {
+        calls.emplace_back("CloseRoutes");
+        return closesRoutes;
+    }
+    void ShowAssets() override { calls.emplace_back("ShowAssets"); }
+    void ShowScenarioEditor() override { calls.emplace_back("ShowScenarioEditor"); }
 };
 
 } // namespace tamarind::tests

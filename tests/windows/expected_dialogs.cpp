@@ -20,7 +20,7 @@ using platform::ToWx;
 
 namespace {
 
-constexpr long kIconsAndButtons = wxICON_MASK | wxYES_NO | wxOK | wxCANCEL;
+constexpr long kIconsAndButtons = wxICON_MASK | wxYES_NO | wxOK | wxCANCEL | wxHELP;
 
 std::string DescriptionOf(wxDialog& dialog) {
     std::string text;

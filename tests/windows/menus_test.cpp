@@ -121,12 +121,27 @@ TEST_F(MenuBar, EnablesSavingWithAnOpenDocument) {
 
 TEST_F(MenuBar, DisablesEveryItemWithoutACommand) {
     Open();
-    EXPECT_EQ(Enabled(1, 6),
-              (std::set<std::string>{"&Find", "Convert RS to .dds", "View .dds File", "Edit .dds File",
-                                     "Convert .dds to RS", "Check Routes or Scenarios", "Clear Screen",
-                                     "Clear Temp Files", "Make all RS files Read/Write", "Select Default Editor",
-                                     "Select RS Path", "Texture Editor Path", "Use Tamarind Editor this session only",
-                                     "Use XML Editor this session only", "Viewer Path", "Contents", "About"}));
+    EXPECT_EQ(Enabled(1, 6), (std::set<std::string>{"&Find",
+                                                    "Convert RS to .dds",
+                                                    "View .dds File",
+                                                    "Edit .dds File",
+                                                    "Convert .dds to RS",
+                                                    "Check Routes or Scenarios",
+                                                    "Convert Marker files",
+                                                    "Package Assets",
+                                                    "Package Route",
+                                                    "Package Scenarios",
+                                                    "Clear Screen",
+                                                    "Clear Temp Files",
+                                                    "Make all RS files Read/Write",
+                                                    "Select Default Editor",
+                                                    "Select RS Path",
+                                                    "Texture Editor Path",
+                                                    "Use Tamarind Editor this session only",
+                                                    "Use XML Editor this session only",
+                                                    "Viewer Path",
+                                                    "Contents",
+                                                    "About"}));
 }
 
 TEST_F(MenuBar, ExitClosesTheWindow) {

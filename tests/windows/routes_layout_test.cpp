@@ -55,6 +55,12 @@ TEST_F(RoutesLayout, ShowsEveryControlWholeWhileScenariosArePackaged) {
     ExpectWellPlacedAtEverySize(*routes_, 16);
 }
 
+TEST_F(RoutesLayout, ShowsEveryControlOfTheAssetPackagerWhole) {
+    Choose("mnuPackAss");
+    // Six labels, three text boxes, drive, folders in their border, files, package, four buttons and the status line.
+    ExpectWellPlacedAtEverySize(TopLevel("frmFolder3"), 19);
+}
+
 TEST_F(RoutesLayout, ShowsWholeIdsWhenItOpens) {
     OpenRoutes();
     const int needed = 3 * List("List2").GetTextExtent(samples::kAlderRoute.data()).x;
@@ -96,7 +102,7 @@ TEST_F(RoutesLayout, TakesTheTabKeyFromListToListAndButtonToButton) {
     ListScenariosOf(0);
     FocusOn(List("List1"));
     for (const char* const name : {"List2", "Command1", "Command4", "OKButton", "List3", "List4", "Command3",
-                                   "Command2", "CancelButton", "List1"}) {
+                                   "Command7", "Command2", "CancelButton", "List1"}) {
         Type(WXK_TAB);
         const wxWindow* const focused = wxWindow::FindFocus();
         ASSERT_NE(focused, nullptr) << name;

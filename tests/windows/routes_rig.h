@@ -1,6 +1,7 @@
 #pragma once
 
 #include "game/content.h"
+#include "platform/myfile.h"
 #include "windows/editor_window.h"
 
 #include <wx/control.h>
@@ -84,6 +85,15 @@ protected:
         event.SetInt(index);
         control.GetEventHandler()->ProcessEvent(event);
         Pump();
+    }
+
+    /// Wine's xcopy refuses a target that ends in "\*.*", which Windows takes; a small one of our own stands in, beside
+    /// the copy script, where the shell looks first. Opening a packager empties that folder.
+    void UseOwnCopyProgram() {
+        const std::string name = XCOPY_NAME;
+        if (name.empty()) return;
+        folder_.Write("Program\\TempFiles\\xcopy.exe",
+                      platform::ReadBytes(*files_, platform::ExecutableFolder() + "\\" + name));
     }
 
     void ListScenariosOf(int route) {

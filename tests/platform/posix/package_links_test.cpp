@@ -17,9 +17,9 @@ void Link(const std::string& path, const std::string& nativeTarget) {
                                     platform::ToNative(platform::FolderOf(path)) + "/" + platform::NameOf(path));
 }
 
-class PackageLinks : public testing::Test {
+class PackagerLinks : public testing::Test {
 protected:
-    PackageLinks() {
+    PackagerLinks() {
         rig.folder.Write("outside\\secret.txt", "secret");
         rig.WriteGame("Assets\\Fern\\a.bin", "a");
         Link(Game("Assets\\Fern\\leak"), platform::ToNative(rig.folder / "outside"));
@@ -42,14 +42,14 @@ protected:
     PackageRig rig;
 };
 
-TEST_F(PackageLinks, AreLeftOutAndTold) {
+TEST_F(PackagerLinks, AreLeftOutAndTold) {
     EXPECT_EQ(PackageFern().ended, Ended::Done);
     EXPECT_THAT(rig.folder.Names("Kit\\Fern\\Rail Simulator\\Assets\\Fern"), ElementsAre("a.bin"));
     ASSERT_EQ(rig.messages.size(), 2U);
     EXPECT_EQ(rig.messages[1].text, Told());
 }
 
-TEST_F(PackageLinks, AreTakenOutAgainWhereTheCopyProgramFollowsThem) {
+TEST_F(PackagerLinks, AreTakenOutAgainWhereTheCopyProgramFollowsThem) {
     rig.rig.processes.run = [this](const platform::ProcessStart&) {
         rig.folder.MakeFolder("Kit\\Fern\\Rail Simulator\\Assets");
         platform::CopyFolderTree(rig.folder.Disk(), Game("Assets\\Fern"),
@@ -61,13 +61,13 @@ TEST_F(PackageLinks, AreTakenOutAgainWhereTheCopyProgramFollowsThem) {
     EXPECT_EQ(rig.messages.at(1).text, Told());
 }
 
-TEST_F(PackageLinks, DoNotCostWhatTheAuthorPutInTheirPlace) {
+TEST_F(PackagerLinks, DoNotCostWhatTheAuthorPutInTheirPlace) {
     rig.folder.Write("Kit\\Fern\\Rail Simulator\\Assets\\Fern\\leak.txt", "by hand");
     PackageFern();
     EXPECT_EQ(rig.Kit("Fern\\Rail Simulator\\Assets\\Fern\\leak.txt"), "by hand");
 }
 
-TEST_F(PackageLinks, InARouteAreLeftOutToo) {
+TEST_F(PackagerLinks, InARouteAreLeftOutToo) {
     Link(Game(PackageRig::Route(kRouteA, "leak")), platform::ToNative(rig.folder / "outside"));
     Link(Game(PackageRig::Route(kRouteA, "same.xml")), "RouteProperties.xml");
     rig.LoadRoutes();

@@ -1,0 +1,47 @@
+#include "cli/marker_commands.h"
+
+#include "markers/marker_file.h"
+#include "markers/marker_plot.h"
+#include "markers/marker_svg.h"
+#include "platform/myfile.h"
+#include "platform/paths.h"
+#include "platform/safe_write.h"
+
+#include <fmt/format.h>
+
+namespace tamarind::cli {
+
+using session::EditorContext;
+
+namespace {
+
+constexpr double kPlotWidth = 1000;
+constexpr double kPlotHeight = 700;
+
+void WritePlot(EditorContext& context, const markers::MarkerList& list, const std::string& file) {
+    const std::string svg = markers::PlotSvg(markers::PlotMarkers(list, kPlotWidth, kPlotHeight));
+    platform::WriteSafely(context.platform.files, platform::FromNative(file), svg);
+}
+
+} // namespace
+
+Result ConvertMarkers(EditorContext& context, const Arguments& arguments) {
+    auto& files = context.platform.files;
+    const auto list = markers::ReadMarkerFile(context, platform::FromNative(arguments.file));
+    if (!list) return {Outcome::Failed};
+    // A mistyped name gives an empty list, as it does in the window; there, one sees what one chooses.
+    if (list->count == 0) context.ui.ShowStatus("There is no marker in " + arguments.file);
+    if (!platform::WriteUniFile(files, context.ui, platform::FromNative(arguments.output), list->text)) {
+        return {Outcome::Failed};
+    }
+    Result result{Outcome::Done,
+                  {{"file", arguments.output}, {"points", list->count}},
+                  fmt::format("{}\t{}\n", arguments.output, list->count)};
+    if (!arguments.plot.empty()) {
+        WritePlot(context, *list, arguments.plot);
+        result.json["plot"] = arguments.plot;
+    }
+    return result;
+}
+
+} // namespace tamarind::cli
