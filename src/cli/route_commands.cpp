@@ -15,7 +15,6 @@ namespace tamarind::cli {
 using nlohmann::ordered_json;
 using platform::Answer;
 using routes::Ended;
-using routes::RouteWindow;
 using session::EditorContext;
 
 namespace {

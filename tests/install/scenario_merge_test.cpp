@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <vector>
 
 namespace tamarind::install {
@@ -119,6 +119,12 @@ TEST(MergeScenarios, RefusesAnIndexWithoutAPlace) {
     EXPECT_EQ(NumberOfError([] { static_cast<void>(MergeScenarios("cut off", Entries{}, Record(Guid(1)))); }), 5);
 }
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr double kLongestMerge = 5; // the sanitizers slow everything down
+#else
+constexpr double kLongestMerge = 1;
+#endif
+
 TEST(MergeScenarios, MergesFiveHundredIntoFiveThousandInASecond) {
     const std::string filling(1500, 'x');
     std::string index = "<Record>\r\n";
@@ -131,12 +137,12 @@ TEST(MergeScenarios, MergesFiveHundredIntoFiveThousandInASecond) {
         entries.push_back(Guid(10 * i));
         records += Record(entries.back()) + "\r\n";
     }
-    const auto start = std::chrono::steady_clock::now();
+    // Processor time: a busy machine makes pauses of its own.
+    const std::clock_t start = std::clock();
     const std::string merged = MergeScenarios(index, entries, records);
-    const auto took = std::chrono::steady_clock::now() - start;
+    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
     EXPECT_EQ(merged.size(), index.size() - 500 * (Record(Guid(0)).size() + 1507) + records.size() + 1);
-    EXPECT_LT(took, std::chrono::seconds(1));
-    RecordProperty("milliseconds", std::to_string(std::chrono::duration_cast<std::chrono::milliseconds>(took).count()));
+    EXPECT_LT(seconds, kLongestMerge);
 }
 
 } // namespace
