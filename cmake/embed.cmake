@@ -1,4 +1,4 @@
-# Writes FILES (separated by commas) into the header OUTPUT as arrays of bytes named after them.
+# Writes FILES (separated by commas) into the header OUTPUT as arrays of bytes named after them ("NAME_icon").
 set(header "#pragma once\n\n#include <cstddef>\n\n")
 string(REPLACE "," ";" files "${FILES}")
 foreach(file ${files})
@@ -6,6 +6,6 @@ foreach(file ${files})
     string(MAKE_C_IDENTIFIER ${name} identifier)
     file(READ ${file} bytes HEX)
     string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")
-    string(APPEND header "inline constexpr unsigned char ${identifier}_png[] = {${bytes}};\n")
+    string(APPEND header "inline constexpr unsigned char ${identifier}_icon[] = {${bytes}};\n")
 endforeach()
 file(WRITE ${OUTPUT} "${header}")

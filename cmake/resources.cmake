@@ -18,16 +18,25 @@ endforeach()
 add_custom_command(OUTPUT ${generated}/tamarind.ico DEPENDS ${icon_files}
     COMMAND ${ICOTOOL} -c -o ${generated}/tamarind.ico ${icon_files})
 # The Linux window's own icons, which Windows takes from the resources, and the pictures of folder lists, as bytes in a
-# header.
-set(embedded_files ${generated}/tamarind-16.png ${generated}/tamarind-32.png ${generated}/tamarind-48.png
-    ${generated}/tamarind-64.png)
+# header: icon files, which every build of the toolkit reads.
+set(window_icons)
+foreach(size 16 32 48 64)
+    list(APPEND window_icons ${generated}/tamarind-${size}.png)
+endforeach()
+set(embedded_files ${generated}/window.ico)
+add_custom_command(OUTPUT ${generated}/window.ico DEPENDS ${window_icons}
+    COMMAND ${ICOTOOL} -c -o ${generated}/window.ico ${window_icons})
 foreach(name drive folder folder-open)
-    foreach(size 16 24 32)
+    set(pictures)
+    foreach(size 16 20 24 32)
         set(picture ${generated}/${name}-${size}.png)
         add_custom_command(OUTPUT ${picture} DEPENDS ${PROJECT_SOURCE_DIR}/data/icons/${name}.svg
             COMMAND ${RSVG_CONVERT} -w ${size} -h ${size} -o ${picture} ${PROJECT_SOURCE_DIR}/data/icons/${name}.svg)
-        list(APPEND embedded_files ${picture})
+        list(APPEND pictures ${picture})
     endforeach()
+    add_custom_command(OUTPUT ${generated}/${name}.ico DEPENDS ${pictures}
+        COMMAND ${ICOTOOL} -c -o ${generated}/${name}.ico ${pictures})
+    list(APPEND embedded_files ${generated}/${name}.ico)
 endforeach()
 list(JOIN embedded_files "," embedded_list)
 add_custom_command(OUTPUT ${generated}/icons.h DEPENDS ${embedded_files} ${PROJECT_SOURCE_DIR}/cmake/embed.cmake

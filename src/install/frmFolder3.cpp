@@ -3,10 +3,11 @@
 #include "icons.h"
 #include "platform/paths.h"
 #include "platform/wx/bordered_panel.h"
-#include "platform/wx/bundle.h"
+#include "platform/wx/embedded_icons.h"
 #include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 
+#include <wx/bmpbndl.h>
 #include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/display.h>
@@ -126,9 +127,9 @@ wxSizer* frmFolder3::MakeFolders() {
                            wxTR_SINGLE | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT | wxWANTS_CHARS | wxBORDER_NONE);
     dir1_->SetName("Dir1");
     wxVector<wxBitmapBundle> pictures;
-    pictures.push_back(platform::BundleOf(drive_16_png, drive_24_png, drive_32_png));
-    pictures.push_back(platform::BundleOf(folder_open_16_png, folder_open_24_png, folder_open_32_png));
-    pictures.push_back(platform::BundleOf(folder_16_png, folder_24_png, folder_32_png));
+    pictures.push_back(wxBitmapBundle::FromIconBundle(platform::IconsFrom(drive_icon)));
+    pictures.push_back(wxBitmapBundle::FromIconBundle(platform::IconsFrom(folder_open_icon)));
+    pictures.push_back(wxBitmapBundle::FromIconBundle(platform::IconsFrom(folder_icon)));
     dir1_->SetImages(pictures);
     dir1_->SetInitialSize(SizeOf(*dir1_, kCharactersInFolders, kLinesInFolders));
     border->Hold(dir1_);
