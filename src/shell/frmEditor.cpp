@@ -216,7 +216,7 @@ void frmEditor::AcceptDroppedFiles() {
 }
 
 void frmEditor::OnPlaced() {
-    if (!IsMaximized() && !IsIconized()) normalPlace_ = GetRect();
+    if (isPlaced_ && !IsMaximized() && !IsIconized()) normalPlace_ = GetRect();
 }
 
 void frmEditor::SSTab1_Click() { ShowPageState(); }

@@ -122,6 +122,7 @@ private:
     std::map<std::string_view, wxMenu*> menus_;
     bool textFilesMenuShown_ = true;
     wxRect normalPlace_; ///< where the window is when neither maximised nor minimised
+    bool isPlaced_ = false;
 
     int runningCommands_ = 0;
     bool isWaiting_ = false; ///< for an outside program

@@ -70,13 +70,19 @@ void frmEditor::UpdateCommands() {
 }
 
 void frmEditor::ShowWindow() {
-    const wxRect place = GetRect();
-    Show();
-    // Window managers place a new window where they like; one that is moved afterwards stays where it was put.
-    CallAfter([this, place] {
-        Move(place.GetPosition() + wxPoint(1, 0));
-        SetSize(place);
+    normalPlace_ = GetRect();
+    // Window managers place a new window where they like; one that is moved afterwards stays where it was put. It is
+    // there only when the toolkit says so: GTK shows a program's first window once it knows the width of the frames.
+    Bind(wxEVT_SHOW, [this, place = normalPlace_](wxShowEvent& event) {
+        event.Skip();
+        if (isPlaced_) return;
+        CallAfter([this, place] {
+            isPlaced_ = true;
+            Move(place.GetPosition() + wxPoint(1, 0));
+            SetSize(place);
+        });
     });
+    Show();
 }
 
 void frmEditor::CloseWindow() {

@@ -44,11 +44,6 @@ TEST_F(StartUp, TakesPlaceAndSizeFromTheSettingsInTwips) {
 }
 
 TEST_F(StartUp, WritesTheSamePlaceAndSizeWhenTheWindowWasNotTouched) {
-    // The toolkit can report a wrong place for a program's first window there, before it knows how wide the window
-    // manager's frames are; so that one is closed again.
-    Open();
-    PumpFor(milliseconds(500));
-    Close();
     WriteSettings("13500,10200,1500,3000", false);
     Open();
     PumpFor(milliseconds(500));
