@@ -10,6 +10,7 @@ namespace tamarind::editors {
 namespace {
 
 constexpr long kSliceMilliseconds = 4;
+constexpr int kQuietMilliseconds = 250;
 constexpr int kLinesPerLook = 64;
 
 // A line's level is kept with the state behind the line, in the bits that the control leaves free.
@@ -40,7 +41,15 @@ int LevelOf(const FoldState& before, const FoldState& after) {
 
 } // namespace
 
-void XmlText::ForgetFolds() { foldFrom_ = foldDirtyEnd_ = foldKnown_ = 0; }
+void XmlText::ForgetFolds() {
+    foldFrom_ = foldDirtyEnd_ = foldKnown_ = 0;
+    WaitForQuiet();
+}
+
+// A key's picture is not to wait for folds, nor for the painting that they ask for.
+void XmlText::WaitForQuiet() {
+    if (foldFrom_ < GetLineCount()) quiet_.StartOnce(kQuietMilliseconds);
+}
 
 void XmlText::NoteFoldChange(int line, int lastLine, int addedLines) {
     // What was to be worked out anyway is not up to date either.
@@ -49,10 +58,12 @@ void XmlText::NoteFoldChange(int line, int lastLine, int addedLines) {
     if (foldKnown_ > line) foldKnown_ = std::max(line, foldKnown_ + addedLines);
     foldDirtyEnd_ = std::max(foldDirtyEnd_, lastLine + 1);
     foldFrom_ = std::min(foldFrom_, line);
+    WaitForQuiet();
 }
 
 void XmlText::OnIdle(wxIdleEvent& event) {
     event.Skip();
+    if (quiet_.IsRunning()) return;
     const wxStopWatch watch;
     const int lines = GetLineCount();
     while (foldFrom_ < lines && watch.Time() < kSliceMilliseconds) {

@@ -2,6 +2,7 @@
 
 #include "platform/wx/wx_text.h"
 
+#include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/settings.h>
 #include <wx/stopwatch.h>
@@ -158,6 +159,7 @@ void XmlText::BindEvents() {
         FitLineNumbers();
     });
     Bind(wxEVT_IDLE, &XmlText::OnIdle, this);
+    quiet_.Bind(wxEVT_TIMER, [](wxTimerEvent&) { wxWakeUpIdle(); });
     news_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
         if (onChanged) onChanged();
     });
@@ -314,6 +316,7 @@ void XmlText::OnUpdateUi(wxStyledTextEvent& event) {
     event.Skip();
     if ((event.GetUpdated() & (wxSTC_UPDATE_CONTENT | wxSTC_UPDATE_SELECTION)) == 0) return;
     MarkTags();
+    WaitForQuiet();
     // This comes amid painting, where nothing else may be painted; and what is painted at once would take the next
     // frame of the screen from the key's own picture.
     if (!news_.IsRunning()) news_.StartOnce(kNewsMilliseconds);

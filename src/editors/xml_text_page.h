@@ -81,6 +81,8 @@ private:
     [[nodiscard]] std::optional<TagPair> TagsAtCaret() const;
 
     void ForgetFolds();
+    /// Folds are worked out once nobody has touched the text for a moment.
+    void WaitForQuiet();
     /// Lines from `line` to `lastLine` (from 0) were changed.
     void NoteFoldChange(int line, int lastLine, int addedLines);
     /// Works out the fold of the first line that is not up to date.
@@ -101,6 +103,7 @@ private:
     std::optional<TagPair> marked_;
     bool isMarkStale_ = false; ///< the text has changed since
     wxTimer news_;             ///< until onChanged is called
+    wxTimer quiet_;            ///< until folds are worked out
 };
 
 } // namespace tamarind::editors
