@@ -64,6 +64,7 @@ void ConvertMarkerFile(EditorContext& context) {
     // A dialog that was cancelled names no file of a known kind, either.
     const std::optional<MarkerList> list = ReadMarkerFile(context, input);
     if (!list) return;
+    if (!context.session.skipsMarkerPicture && !context.view.ShowMarkers(*list)) return;
     const std::string output = context.ui.AskForFile({.save = true,
                                                       .title = "Save Marker File",
                                                       .filter = "RailSim Marker Files (*.csv)|*.csv",

@@ -10,6 +10,10 @@
 #include <string_view>
 #include <vector>
 
+namespace tamarind::markers {
+struct MarkerList;
+}
+
 namespace tamarind::session {
 
 enum class Page { Text = 0, Tree = 1 };
@@ -119,6 +123,8 @@ public:
     virtual void ShowAssets() = 0;
     /// Opens the scenario editor on what the session's ScenarioEditState holds, and returns when it is closed.
     virtual void ShowScenarioEditor() = 0;
+    /// Shows what was read from a marker file, as a picture and as a list; false when it is not to be saved.
+    [[nodiscard]] virtual bool ShowMarkers(const markers::MarkerList& list) = 0;
 };
 
 } // namespace tamarind::session

@@ -58,6 +58,7 @@ public:
     bool CloseRoutes() override { return true; }
     void ShowAssets() override {}
     void ShowScenarioEditor() override {}
+    [[nodiscard]] bool ShowMarkers(const markers::MarkerList&) override { return true; }
 
 private:
     std::string caption_;

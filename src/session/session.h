@@ -30,6 +30,8 @@ struct Session {
     std::string FileBaseName; ///< the open game file's name up to and including its last dot
     std::string TempBase;     ///< FileBaseName in TempFiles: + "bin" is the working copy, + "xml" its XML
 
+    bool skipsMarkerPicture = false; ///< the person saves marker files without looking at them, in this run
+
     RouteState Routes;
     ScenarioEditState ScenarioEdit;
 

@@ -102,6 +102,7 @@ private:
     [[nodiscard]] std::optional<session::NewAttribute> AskForAttribute() override;
     void ShowRoutes() override;
     void ShowAbout() override;
+    bool ShowMarkers(const markers::MarkerList& list) override;
     void ShowHelp(const std::string& file) override;
     bool CloseRoutes() override;
     void ShowAssets() override;

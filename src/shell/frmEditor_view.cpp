@@ -2,6 +2,7 @@
 #include "convert/texture_xml.h"
 #include "editors/dlgFind.h"
 #include "editors/frmAddAttribute.h"
+#include "markers/dlgMarkers.h"
 #include "platform/wx/help.h"
 #include "platform/wx/wx_text.h"
 #include "shell/frmAbout.h"
@@ -206,6 +207,13 @@ void frmEditor::ShowScenarioEditor() {
     wxWindow* const parent = routes_ ? static_cast<wxWindow*>(routes_.get()) : this;
     authoring::frmScenEdit dialog(parent, context_, std::move(window), ToolOwner());
     dialog.ShowModal();
+}
+
+bool frmEditor::ShowMarkers(const markers::MarkerList& list) {
+    markers::dlgMarkers dialog(this, list);
+    const bool isSaved = dialog.ShowModal() == wxID_SAVE;
+    session_.skipsMarkerPicture = isSaved && dialog.IsSkippedFromNowOn();
+    return isSaved;
 }
 
 void frmEditor::ShowAbout() { frmAbout(this).ShowModal(); }

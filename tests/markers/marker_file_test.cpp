@@ -43,6 +43,30 @@ protected:
     tests::EditorRig rig{files, "C:\\Kit"};
 };
 
+TEST_F(MarkerFile, IsShownBeforeItIsSaved) {
+    files.contents["C:\\Maps\\a.kml"] = kPlacemark;
+    Convert("C:\\Maps\\a.kml", "C:\\Maps\\a.csv");
+    EXPECT_THAT(rig.view.calls, ElementsAre("ShowMarkers 1,2,A\r\n"));
+    EXPECT_EQ(files.contents["C:\\Maps\\a.csv"], "1,2,A\r\n");
+}
+
+TEST_F(MarkerFile, IsNotSavedWhenThePersonDoesNotLikeWhatIsShown) {
+    files.contents["C:\\Maps\\a.kml"] = kPlacemark;
+    rig.view.savesMarkers = false;
+    rig.ui.filePaths = {"C:\\Maps\\a.kml"};
+    ConvertMarkerFile(rig.context);
+    EXPECT_EQ(rig.ui.FileDialogs().size(), 1U);
+    EXPECT_EQ(files.contents.size(), 1U);
+}
+
+TEST_F(MarkerFile, IsSavedAtOnceWhenThePictureIsSwitchedOff) {
+    files.contents["C:\\Maps\\a.kml"] = kPlacemark;
+    rig.session.skipsMarkerPicture = true;
+    Convert("C:\\Maps\\a.kml", "C:\\Maps\\a.csv");
+    EXPECT_THAT(rig.view.calls, IsEmpty());
+    EXPECT_EQ(files.contents["C:\\Maps\\a.csv"], "1,2,A\r\n");
+}
+
 TEST_F(MarkerFile, IsChosenAndSavedThroughTwoDialogs) {
     files.contents["C:\\Maps\\a.kml"] = kPlacemark;
     Convert("C:\\Maps\\a.kml", "C:\\Maps\\a.csv");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "markers/marker_list.h"
 #include "session/headless_view.h"
 
 #include <optional>
@@ -23,6 +24,7 @@ public:
     bool isEditingEnabled = false;
     std::vector<std::string> attributeNames;
     bool closesRoutes = true; ///< what CloseRoutes answers
+    bool savesMarkers = true; ///< what ShowMarkers answers
     int selectedAttribute = -1;
     std::string attributeValue;
     std::string characters;
@@ -111,6 +113,10 @@ public:
     }
     void ShowAssets() override { calls.emplace_back("ShowAssets"); }
     void ShowScenarioEditor() override { calls.emplace_back("ShowScenarioEditor"); }
+    [[nodiscard]] bool ShowMarkers(const markers::MarkerList& list) override {
+        calls.push_back("ShowMarkers " + list.text);
+        return savesMarkers;
+    }
 };
 
 } // namespace tamarind::tests
