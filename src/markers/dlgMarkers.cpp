@@ -9,6 +9,7 @@
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
+#include <wx/display.h>
 #include <wx/listctrl.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -33,7 +34,7 @@ struct Column {
     const char* caption;
     int characters;
 };
-constexpr std::array kColumns = {Column{"No.", 7}, Column{"Longitude", 12}, Column{"Latitude", 12}, Column{"Name", 18}};
+constexpr std::array kColumns = {Column{"No.", 6}, Column{"Longitude", 12}, Column{"Latitude", 12}, Column{"Name", 16}};
 
 /// The list's lines, which are looked up only when they are shown: there may be very many.
 class Lines final : public wxListCtrl {
@@ -49,7 +50,7 @@ public:
             lines_.push_back(text_.substr(start, end - start));
         int width = 0;
         for (const Column& column : kColumns) {
-            const int columnWidth = column.characters * GetCharWidth() + 2 * GetCharWidth();
+            const int columnWidth = (column.characters + 1) * GetCharWidth();
             AppendColumn(column.caption, wxLIST_FORMAT_LEFT, columnWidth);
             width += columnWidth;
         }
@@ -95,7 +96,8 @@ dlgMarkers::dlgMarkers(wxWindow* parent, const MarkerList& list)
     outer->Add(MakePanes(list), wxSizerFlags(1).Expand().Border(wxALL, gap));
     outer->Add(MakeBottom(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
     SetSizer(outer);
-    const wxSize roomy = outer->ComputeFittingWindowSize(this);
+    wxSize roomy = outer->ComputeFittingWindowSize(this);
+    roomy.DecTo(wxDisplay(parent).GetClientArea().GetSize());
     FindWindow("MarkerPlot")->GetParent()->SetMinSize(FromDIP(kSmallestPlot));
     FindWindow("List1")->GetParent()->SetMinSize(FromDIP(kSmallestList));
     platform::KeepWhole(*this);

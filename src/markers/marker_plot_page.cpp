@@ -160,7 +160,8 @@ wxBitmap MarkerPlotPage::Draw() const {
     wxBitmap picture(std::max(GetClientSize().x, 1), std::max(GetClientSize().y, 1));
     wxMemoryDC dc(picture);
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
-    const double scale = FromDIP(1000) / 1000.0;
+    // The picture grows with the system's letters.
+    const double scale = std::max(1.0, GetFont().GetPixelSize().y / kPlotTextHeight);
     const MarkerPlot plot = PlotMarkers(list_, picture.GetWidth() / scale, picture.GetHeight() / scale);
     context->Scale(scale, scale);
     Pen pen(*context, wxFont(wxFontInfo(wxSize(0, static_cast<int>(kPlotTextHeight))).Family(wxFONTFAMILY_SWISS)));

@@ -37,7 +37,7 @@ constexpr int kStatusFields = 4;
 constexpr int kCaretField = 1;
 constexpr int kLineEndField = 2;
 constexpr int kEncodingField = 3;
-constexpr int kStatusGap = 32;
+constexpr int kStatusGap = 8;
 
 } // namespace
 
@@ -54,8 +54,9 @@ frmEditor::frmEditor(session::Session& session, const platform::Platform& platfo
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     SetSize(FromDIP(kDesignSize));
     CreateStatusBar(kStatusFields);
+    // Behind the last field lies the corner by which the window is drawn larger.
     const auto widthOf = [this](const char* text) {
-        return GetStatusBar()->GetTextExtent(text).x + FromDIP(kStatusGap);
+        return GetStatusBar()->GetTextExtent(text).x + 2 * GetStatusBar()->GetCharHeight() + FromDIP(kStatusGap);
     };
     const int widths[kStatusFields] = {-1, widthOf("Line 9999999, Column 9999"), widthOf("CR LF"),
                                        widthOf("Windows-1252")};

@@ -29,7 +29,7 @@ protected:
             input_);
     }
     void ChooseOutput() {
-        output_ = folder_.Path() + "\\Maps\\halts.csv";
+        output_ = folder_ / "Maps\\halts.csv";
         dialogs_.ChooseFile({.title = "Save Marker File", .filter = "RailSim Marker Files (*.csv)|*.csv", .save = true},
                             output_);
     }
@@ -94,7 +94,7 @@ TEST_F(Markers, AreNotSavedOnCancel) {
     dialogs_.UseDialog("dlgMarkers", [](wxDialog& dialog) { Press(*dialog.FindWindow("cmdCancel")); });
     Choose("mnuMarker");
     EXPECT_TRUE(dialogs_.AllCame());
-    EXPECT_FALSE(Exists(folder_.Path() + "\\Maps\\halts.csv"));
+    EXPECT_FALSE(Exists(folder_ / "Maps\\halts.csv"));
 }
 
 TEST_F(Markers, AreSavedWithoutThePictureOnceItIsSwitchedOff) {
