@@ -27,6 +27,10 @@ void WritePlot(EditorContext& context, const markers::MarkerList& list, const st
 
 Result ConvertMarkers(EditorContext& context, const Arguments& arguments) {
     auto& files = context.platform.files;
+    if (!arguments.plot.empty() && (arguments.plot == arguments.output || arguments.plot == arguments.file)) {
+        context.ui.Show({.text = "The picture would take the place of " + arguments.plot + ". Nothing was written."});
+        return {Outcome::Failed};
+    }
     const auto list = markers::ReadMarkerFile(context, platform::FromNative(arguments.file));
     if (!list) return {Outcome::Failed};
     // A mistyped name gives an empty list, as it does in the window; there, one sees what one chooses.

@@ -127,6 +127,17 @@ TEST_F(CliMarkers, ReportsAPictureThatCannotBeWritten) {
     EXPECT_EQ(ReadFile(out_), kPlacesList);
 }
 
+TEST_F(CliMarkers, DoesNotPutThePictureInThePlaceOfTheListOrTheInput) {
+    for (const fs::path& place : {in_, out_}) {
+        const json report = RunJson({"markers", Utf8(in_), Utf8(out_), "--plot", Utf8(place)}, 1);
+        ASSERT_EQ(report["messages"].size(), 1U);
+        EXPECT_EQ(report["messages"][0]["text"],
+                  "The picture would take the place of " + Utf8(place) + ". Nothing was written.");
+        EXPECT_EQ(ReadFile(in_), kPlaces);
+        EXPECT_FALSE(fs::exists(out_));
+    }
+}
+
 TEST_F(CliMarkers, WrongUsageIsTold) {
     EXPECT_EQ(RunWords({"markers"}).exitCode, 2);
     EXPECT_EQ(RunWords({"markers", "a.kml"}).exitCode, 2);

@@ -6,6 +6,8 @@
 #include <wx/textctrl.h>
 #include <wx/tooltip.h>
 
+#include <ctime>
+
 namespace tamarind::tests {
 namespace {
 
@@ -327,6 +329,22 @@ TEST_F(SearchDialog, ReplacesTheMatchThatWasFound) {
     Press(In("Command4"));
     Press(In("Command5"));
     EXPECT_EQ(EditorText(), "<stop/><stop/>");
+}
+
+TEST_F(SearchDialog, ReplacesTenThousandMatchesAtOnce) {
+    constexpr int kMatches = 10'000;
+    const std::string filler(1990, 'x');
+    std::string text;
+    for (int i = 0; i < kMatches; ++i)
+        text += "<halt>" + filler + "\n";
+    OpenText(text);
+    In<wxTextCtrl>("Text2").SetValue("halt");
+    In<wxTextCtrl>("Text3").SetValue("station");
+    const std::clock_t before = std::clock();
+    Press(In("Command6"));
+    const auto milliseconds = 1000 * static_cast<long long>(std::clock() - before) / CLOCKS_PER_SEC;
+    EXPECT_EQ(Editor().GetLength(), kMatches * 2000); // "<station>", the filler, the line end
+    EXPECT_LT(milliseconds, LONGEST_PAUSE_MS) << "milliseconds";
 }
 
 TEST_F(SearchDialog, ReplacesAllMatchesInOneStepForUndo) {
