@@ -119,6 +119,11 @@ public:
     virtual void ShowAssets() = 0;
     /// Opens the scenario editor on what the session's ScenarioEditState holds, and returns when it is closed.
     virtual void ShowScenarioEditor() = 0;
+    /// Opens the window that chooses a folder for the job that the session's AuthoringState names, and returns when it
+    /// is closed; whether the choice was confirmed.
+    [[nodiscard]] virtual bool ShowFolderChooser() = 0;
+    /// Opens the window that makes a blueprint of the session's mode, and returns when it is closed.
+    virtual void ShowBlueprint() = 0;
 };
 
 } // namespace tamarind::session

@@ -58,6 +58,8 @@ public:
     bool CloseRoutes() override { return true; }
     void ShowAssets() override {}
     void ShowScenarioEditor() override {}
+    [[nodiscard]] bool ShowFolderChooser() override { return false; }
+    void ShowBlueprint() override {}
 
 private:
     std::string caption_;

@@ -1,3 +1,5 @@
+#include "authoring/frmBlue.h"
+#include "authoring/frmFolder.h"
 #include "authoring/frmScenEdit.h"
 #include "convert/texture_xml.h"
 #include "editors/dlgFind.h"
@@ -201,6 +203,14 @@ void frmEditor::ShowScenarioEditor() {
     authoring::frmScenEdit dialog(parent, context_, std::move(window), ToolOwner());
     dialog.ShowModal();
 }
+
+bool frmEditor::ShowFolderChooser() {
+    authoring::FolderWindow window;
+    authoring::LoadFolders(context_, window);
+    return authoring::frmFolder(this, context_, std::move(window), ToolOwner()).ShowModal() == wxID_OK;
+}
+
+void frmEditor::ShowBlueprint() { authoring::frmBlue(this, context_, ToolOwner()).ShowModal(); }
 
 void frmEditor::ShowAbout() { frmAbout(this).ShowModal(); }
 

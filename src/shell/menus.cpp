@@ -1,5 +1,8 @@
 #include "shell/menus.h"
 
+#include "authoring/blueprint_window.h"
+#include "authoring/developer_folders.h"
+#include "authoring/loco_clone.h"
 #include "convert/game_file.h"
 #include "convert/texture_export.h"
 #include "convert/texture_import.h"
@@ -79,12 +82,13 @@ constexpr std::array kItems = {
     MenuItem{"mnuTools", "mnuPackAss", "Package Assets", install::OpenAssetPackager},
     MenuItem{"mnuTools", "mnuPack", "Package Route", routes::OpenRoutePackager},
     MenuItem{"mnuTools", "mnuPackSce", "Package Scenarios", routes::OpenScenarioPackager},
-    MenuItem{"mnuTools", "mnuDeveloper", "Set Up Developer Folder", nullptr},
-    MenuItem{"mnuTools", "mnuDevFolders", "Set Up Sub- Folders", nullptr},
+    MenuItem{"mnuTools", "mnuDeveloper", "Set Up Developer Folder", authoring::SetUpDeveloperFolder},
+    MenuItem{"mnuTools", "mnuDevFolders", "Set Up Sub- Folders", authoring::SetUpSubFolders},
+    MenuItem{"mnuTools", "mnuCloneLoco", "Clone Loco", authoring::CloneLoco},
 
-    MenuItem{"mnuEB", "mnuMarkN", "Markers - Named", nullptr},
-    MenuItem{"mnuEB", "mnuMarkS", "Markers - Series", nullptr},
-    MenuItem{"mnuEB", "mnuRoute", "Route Template", nullptr},
+    MenuItem{"mnuEB", "mnuMarkN", "Markers - Named", authoring::MakeNamedMarker},
+    MenuItem{"mnuEB", "mnuMarkS", "Markers - Series", authoring::MakeSeriesMarker},
+    MenuItem{"mnuEB", "mnuRoute", "Route Template", authoring::MakeRouteTemplate},
 
     MenuItem{"mnuOpt", "mnuClear", "Clear Screen", ClearScreen},
     MenuItem{"mnuOpt", "mnuCTF", "Clear Temp Files", ClearTempFiles},
