@@ -46,7 +46,6 @@ constexpr std::array kMenus = {
     Menu{"mnuHelp", "Help"},
 };
 
-// A null command keeps its item in the menu, disabled.
 constexpr std::array kItems = {
     MenuItem{"mnuFileS", "mnuOpenRS", "Open RailSim File", Run<convert::OpenRailSimFile>, nullptr, "Ctrl+O"},
     MenuItem{"mnuFileS", "mnuSaveRS", "Save RailSim File", Run<convert::SaveRailSimFile>, HasGameFile, "Ctrl+S"},
@@ -111,7 +110,7 @@ std::span<const Menu> Menus() { return kMenus; }
 std::span<const MenuItem> MenuItems() { return kItems; }
 
 bool IsItemEnabled(const MenuItem& item, const EditorContext& context) {
-    return item.command != nullptr && (item.isEnabled == nullptr || item.isEnabled(context));
+    return item.isEnabled == nullptr || item.isEnabled(context);
 }
 
 } // namespace tamarind::shell

@@ -10,8 +10,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
-
 namespace tamarind::tests {
 namespace {
 
@@ -159,12 +157,15 @@ TEST_P(BlueprintTemplates, TakeLettersOfTheWest) {
     EXPECT_THAT(tree, HasSubstr(GetParam() == kRoute ? "{\xC3\xA9}" : "{\xC3\xA9.csv}"));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    OfEachMode, BlueprintTemplates, testing::Values(kNamed, kSeries, kRoute),
-    [](const testing::TestParamInfo<BlueprintMode>& info) {
-        const std::map<BlueprintMode, std::string> names{{kNamed, "Named"}, {kSeries, "Series"}, {kRoute, "Route"}};
-        return names.at(info.param);
-    });
+std::string NameOfMode(const testing::TestParamInfo<BlueprintMode>& mode) {
+    switch (mode.param) {
+    case kNamed: return "Named";
+    case kSeries: return "Series";
+    case kRoute: return "Route";
+    }
+    return {};
+}
+INSTANTIATE_TEST_SUITE_P(OfEachMode, BlueprintTemplates, testing::Values(kNamed, kSeries, kRoute), NameOfMode);
 
 } // namespace
 } // namespace tamarind::tests

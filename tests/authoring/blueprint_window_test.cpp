@@ -1,5 +1,6 @@
 #include "authoring/blueprint_window.h"
 
+#include "platform/paths.h"
 #include "support/editor_rig.h"
 #include "support/memory_files.h"
 

@@ -1,6 +1,7 @@
 #include "authoring/developer_folders.h"
 
 #include "authoring/made_folders.h"
+#include "platform/paths.h"
 #include "support/editor_rig.h"
 #include "support/faulty_files.h"
 #include "support/memory_files.h"

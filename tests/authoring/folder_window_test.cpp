@@ -1,5 +1,6 @@
 #include "authoring/folder_window.h"
 
+#include "platform/paths.h"
 #include "support/editor_rig.h"
 #include "support/temp_folder.h"
 

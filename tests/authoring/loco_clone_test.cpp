@@ -1,5 +1,6 @@
 #include "authoring/loco_clone.h"
 
+#include "platform/paths.h"
 #include "support/editor_rig.h"
 #include "support/faulty_files.h"
 #include "support/temp_folder.h"
