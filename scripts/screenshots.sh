@@ -84,7 +84,7 @@ take_blueprint() { # name command...
   xdotool key --delay 200 F10 Right Right Right Right Down Return
   window=$(await_window 'Select your RouteMarkers folder' "$work/$name.log")
   sleep 1
-  xdotool key alt+c
+  xdotool key alt+f
   window=$(await_window 'BluePrint Designer' "$work/$name.log")
   sleep 1
   xdotool type --delay 30 'Alder Vale Halts'

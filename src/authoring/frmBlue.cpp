@@ -1,6 +1,7 @@
 #include "authoring/frmBlue.h"
 
 #include "platform/paths.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 
@@ -10,12 +11,12 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace tamarind::authoring {
 
 using platform::FromWx;
+using platform::LineHeightOf;
 using platform::ToWx;
 using session::EditorContext;
 
@@ -26,10 +27,26 @@ constexpr int kCharacters = 60;
 constexpr int kFewestCharacters = 30;
 const wxColour kWarningColour(192, 0, 0);
 
-/// Of a box of one line, whose own idea of it does not follow the size of letters on every system.
-int LineHeightOf(const wxTextCtrl& box) {
-    constexpr int kBorders = 10;
-    return std::max(box.GetBestSize().y, box.GetCharHeight() + box.FromDIP(kBorders));
+/// The captions with the keys of their letters, each of which is taken once: not those of the buttons either.
+std::array<wxString, kBlueprintRows> CaptionsOf(session::BlueprintMode mode) {
+    std::array<wxString, kBlueprintRows> captions;
+    wxString taken = "bx";
+    for (std::size_t row = 0; row < captions.size(); ++row) {
+        const char* const label = FormOf(mode).labels.at(row);
+        if (label == nullptr) continue;
+        wxString& caption = captions.at(row);
+        caption = label;
+        const auto isFree = [&taken](const wxUniChar& letter) {
+            return wxIsalpha(letter) != 0 && taken.Find(wxTolower(letter)) == wxNOT_FOUND;
+        };
+        std::size_t at = 0;
+        while (at < caption.length() && !isFree(caption[at]))
+            ++at;
+        if (at == caption.length()) continue;
+        taken += wxTolower(caption[at]);
+        caption.insert(at, "&");
+    }
+    return captions;
 }
 
 /// A line that shortens its text when there is no room.
@@ -53,14 +70,14 @@ frmBlue::frmBlue(wxWindow* parent, EditorContext& context, Owner owner)
 }
 
 /// A row that the mode does not use is hidden.
-wxSizer* frmBlue::MakeRow(std::size_t row) {
+wxSizer* frmBlue::MakeRow(std::size_t row, const wxString& caption) {
     const int half = FromDIP(kGap) / 2;
-    const char* const caption = FormOf(window_.mode).labels.at(row);
     const auto number = static_cast<int>(row);
-    label1_.at(row) = new wxStaticText(this, wxID_ANY, caption == nullptr ? wxString() : "&" + wxString(caption));
+    label1_.at(row) = new wxStaticText(this, wxID_ANY, caption);
     label1_.at(row)->SetName(wxString::Format("Label1(%d)", number));
     text1_.at(row) = new wxTextCtrl(this, wxID_ANY);
     text1_.at(row)->SetName(wxString::Format("Text1(%d)", number));
+    platform::GiveLineHeight(*text1_.at(row));
     warnings_.at(row) = MakeLine(this, wxString::Format("Warning(%d)", number), wxST_ELLIPSIZE_END | wxALIGN_RIGHT);
     warnings_.at(row)->SetForegroundColour(kWarningColour);
     text1_.at(row)->Bind(wxEVT_TEXT, [this, row](wxCommandEvent&) { Text1_Change(row); });
@@ -72,7 +89,7 @@ wxSizer* frmBlue::MakeRow(std::size_t row) {
     cell->Add(text1_.at(row), wxSizerFlags().Expand().Border(wxBOTTOM, 2 * half));
     for (wxWindow* const control : {static_cast<wxWindow*>(label1_.at(row)), static_cast<wxWindow*>(text1_.at(row)),
                                     static_cast<wxWindow*>(warnings_.at(row))})
-        control->Show(caption != nullptr);
+        control->Show(!caption.empty());
     return cell;
 }
 
@@ -98,8 +115,9 @@ void frmBlue::MakeControls() {
     label2_->SetName("Label2");
     label2_->SetFont(label2_->GetFont().Bold());
     rows->Add(label2_, wxSizerFlags().Border(wxBOTTOM, 2 * gap));
+    const auto captions = CaptionsOf(window_.mode);
     for (std::size_t row = 0; row < kBlueprintRows; ++row)
-        rows->Add(MakeRow(row), wxSizerFlags().Expand());
+        rows->Add(MakeRow(row, captions.at(row)), wxSizerFlags().Expand());
     output_ = MakeLine(this, "Output", wxST_ELLIPSIZE_MIDDLE);
     rows->Add(output_, wxSizerFlags().Expand());
     rows->AddStretchSpacer();

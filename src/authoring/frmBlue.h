@@ -19,7 +19,7 @@ public:
 
 private:
     void MakeControls();
-    wxSizer* MakeRow(std::size_t row);
+    wxSizer* MakeRow(std::size_t row, const wxString& caption);
     wxSizer* MakeBottom();
 
     // The handlers of the controls.

@@ -1,6 +1,7 @@
 #include "authoring/frmFolder.h"
 
 #include "platform/paths.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 
@@ -48,6 +49,7 @@ wxSizer* frmFolder::MakeChosen() {
              wxSizerFlags().CenterVertical().Border(wxRIGHT, FromDIP(kGap)));
     text1_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
     text1_->SetName("Text1");
+    platform::GiveLineHeight(*text1_);
     row->Add(text1_, wxSizerFlags(1).CenterVertical());
     return row;
 }
@@ -63,6 +65,7 @@ wxSizer* frmFolder::MakeName() {
     column->Add(label1_, wxSizerFlags().Border(wxBOTTOM, half));
     text2_ = new wxTextCtrl(this, wxID_ANY);
     text2_->SetName("Text2");
+    platform::GiveLineHeight(*text2_);
     column->Add(text2_, wxSizerFlags().Expand().Border(wxBOTTOM, half));
     const bool hasName = window_.job == session::FolderJob::AddOn;
     label1_->Show(hasName);
@@ -78,7 +81,7 @@ wxSizer* frmFolder::MakeName() {
 wxSizer* frmFolder::MakeBottom() {
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(MakeStatusLine(), wxSizerFlags(1).CenterVertical().Border(wxRIGHT, FromDIP(kGap)));
-    command1_ = new wxButton(this, wxID_ANY, "&Confirm");
+    command1_ = new wxButton(this, wxID_ANY, "Con&firm"); // the system's own Cancel takes the C
     command1_->SetName("Command1");
     command1_->SetDefault();
     row->Add(command1_, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));

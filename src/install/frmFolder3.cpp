@@ -1,5 +1,6 @@
 #include "install/frmFolder3.h"
 
+#include "platform/wx/line_height.h"
 #include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 
@@ -95,6 +96,7 @@ wxSizer* frmFolder3::MakeFiles() {
     column->Add(MakeLabel(this, "File pa&ttern"), wxSizerFlags().Border(wxBOTTOM, half));
     text2_ = new wxTextCtrl(this, wxID_ANY);
     text2_->SetName("Text2");
+    platform::GiveLineHeight(*text2_);
     column->Add(text2_, wxSizerFlags().Expand().Border(wxBOTTOM, 2 * half));
     column->Add(MakeLabel(this, "F&iles"), wxSizerFlags().Border(wxBOTTOM, half));
     file1_ = MakeList("File1", wxLB_SINGLE);
@@ -137,6 +139,7 @@ void frmFolder3::MakeControls() {
     top->Add(MakeLabel(this, "Folder"), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
     text1_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
     text1_->SetName("Text1");
+    platform::GiveLineHeight(*text1_);
     top->Add(text1_, wxSizerFlags(1).CenterVertical());
     outer->Add(top, wxSizerFlags().Expand().Border(wxALL, gap));
     auto* const columns = new wxBoxSizer(wxHORIZONTAL);
@@ -151,6 +154,7 @@ void frmFolder3::MakeControls() {
     outer->Add(columns, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));
     text3_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
     text3_->SetName("Text3");
+    platform::GiveLineHeight(*text3_);
     text3_->SetHint("Select a folder of the package to see where it comes from and how large it is");
     outer->Add(text3_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
     outer->Add(MakeBottom(), wxSizerFlags().Expand().Border(wxALL, gap));

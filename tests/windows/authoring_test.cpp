@@ -8,6 +8,9 @@
 
 #include <gmock/gmock.h>
 
+#include <cctype>
+#include <set>
+
 // The windows for authors over the sample game.
 namespace tamarind::tests {
 namespace {
@@ -367,6 +370,42 @@ TEST_F(Authoring, ShowsEveryControlOfABlueprintWhole) {
         });
         Choose(item);
     }
+}
+
+TEST_F(Authoring, GivesEachLetterToOneControl) {
+    const auto expectLetters = [this](const std::multiset<char>& letters) {
+        std::multiset<char> found;
+        for (const wxWindow* const child : dialog_->GetChildren()) {
+            const std::string label = FromWx(child->GetLabel());
+            const std::size_t at = label.find('&');
+            // The system's own Cancel has a letter on some systems.
+            const bool isCancel = label == "&Cancel" && letters.count('c') == 0;
+            const bool hasLetter = child->IsShown() && !isCancel && at != std::string::npos && at + 1 < label.size();
+            if (hasLetter) found.insert(static_cast<char>(std::tolower(label[at + 1])));
+        }
+        EXPECT_EQ(found, letters);
+    };
+    ExpectFolders([&] { expectLetters({'d', 'o', 'n', 'f'}); });
+    Choose("mnuDevFolders");
+    for (const auto& [item, letters] : {std::pair<const char*, std::multiset<char>>("mnuMarkN", {'n', 'c', 'b', 'x'}),
+                                        {"mnuMarkS", {'s', 'c', 'b', 'x'}},
+                                        {"mnuRoute", {'r', 'l', 'a', 'b', 'x'}}}) {
+        ExpectFolder({});
+        ExpectBlueprint([&] { expectLetters(letters); });
+        Choose(item);
+    }
+}
+
+TEST_F(Authoring, ConfirmsWithItsLetter) {
+    bool isOpen = true;
+    ExpectFolders([this, &isOpen] {
+        FocusOn("Dir1");
+        wxUIActionSimulator().Char('F', wxMOD_ALT);
+        isOpen = !PumpUntil([this] { return !dialog_->IsShown(); }, milliseconds(5000));
+    });
+    ExpectBlueprint([] {});
+    Choose("mnuMarkN");
+    EXPECT_FALSE(isOpen);
 }
 
 TEST_F(Authoring, TakesTheTabKeyThroughTheFolderWindow) {
