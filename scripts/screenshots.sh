@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Takes the pictures of the README: the main window of both targets with the sample's Track.XSec open, and one with a
-# texture beside its text (texture.png, texture-windows.png). Expects finished
-# builds in build/linux/bin and build/windows/bin (or the folders given as BIN_LINUX and BIN_WINDOWS).
+# texture beside its text (texture.png, texture-windows.png), and the window that makes blueprints (blueprint.png).
+# Expects finished builds in build/linux/bin and build/windows/bin (or the folders given as BIN_LINUX and BIN_WINDOWS).
 # `screenshots.sh FOLDER` puts them there; SCALE=1.5 shows them as on a screen of 150 %, PAGE=text the other editor.
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
@@ -26,7 +26,7 @@ track="$game/Assets/Fernhollow/AlderVale/RailNetwork/CrossSections/Track.XSec"
 
 # A program folder of its own, so that the builds keep their settings.
 prepare() { # bin-folder program game
-  cp "$1/$2" "$1/serz.exe" "$work/program/"
+  cp -r "$1/$2" "$1/serz.exe" "$1/BluePrints" "$work/program/"
   local tree=FALSE
   [ "$page" = tree ] && tree=TRUE
   printf '15000,10500,450,450,"","","%s",#%s#\r\n' "$3" "$tree" >"$work/program/preferences.txt"
@@ -47,18 +47,50 @@ show_gauge() { # window y-of-Record y-of-the-first-attribute
   click "$1" 640 "$3"
 }
 
+# The window with that title, once it is there.
+await_window() { # title log
+  local window=
+  for _ in $(seq 150); do
+    window=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1) && [ -n "$window" ] && break
+    sleep 0.2
+  done
+  [ -n "$window" ] || { echo "screenshots: no window $1" >&2; cat "$2" >&2; exit 1; }
+  echo "$window"
+}
+
 take() { # name y-of-Record y-of-the-first-attribute command...
   local name=$1 row=$2 attribute=$3 window=
   shift 3
   "$@" >"$work/$name.log" 2>&1 &
   local program=$!
-  for _ in $(seq 150); do
-    window=$(xdotool search --onlyvisible --name 'XML File Editor|RS bin file editor' 2>/dev/null | tail -n 1) && [ -n "$window" ] && break
-    sleep 0.2
-  done
-  [ -n "$window" ] || { echo "screenshots: $name shows no window" >&2; cat "$work/$name.log" >&2; exit 1; }
+  window=$(await_window 'XML File Editor|RS bin file editor' "$work/$name.log")
   sleep 3
   show_gauge "$window" "$row" "$attribute"
+  import-im6.q16 -window "$window" "$folder/$name.png"
+  kill "$program" 2>/dev/null || true
+  wait "$program" 2>/dev/null || true
+  echo "$folder/$name.png"
+}
+
+# The first item of "Easy Blueprints", with the folder where it starts, and two fields filled in.
+take_blueprint() { # name command...
+  local name=$1 window=
+  shift
+  "$@" >"$work/$name.log" 2>&1 &
+  local program=$!
+  window=$(await_window 'RS bin file editor' "$work/$name.log")
+  sleep 3
+  xdotool windowactivate --sync "$window"
+  xdotool key --delay 200 F10 Right Right Right Right Down Return
+  window=$(await_window 'Select your RouteMarkers folder' "$work/$name.log")
+  sleep 1
+  xdotool key alt+f
+  window=$(await_window 'BluePrint Designer' "$work/$name.log")
+  sleep 1
+  xdotool type --delay 30 'Alder Vale Halts'
+  xdotool key Tab
+  xdotool type --delay 30 'Halts'
+  sleep 1
   import-im6.q16 -window "$window" "$folder/$name.png"
   kill "$program" 2>/dev/null || true
   wait "$program" 2>/dev/null || true
@@ -72,6 +104,7 @@ GDK_DPI_SCALE=$scale take linux 157 160 "$work/program/tamarind" "$track"
 page=text
 prepare "$linux" tamarind "${game//\//\\}"
 GDK_DPI_SCALE=$scale take texture 0 0 "$work/program/tamarind" "$texture"
+GDK_DPI_SCALE=$scale take_blueprint blueprint "$work/program/tamarind"
 page=${PAGE:-tree}
 
 "$here/scripts/wine.sh" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD \

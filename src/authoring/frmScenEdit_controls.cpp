@@ -1,5 +1,6 @@
 #include "authoring/frmScenEdit.h"
 #include "platform/wx/frame_box.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 
@@ -19,6 +20,7 @@
 
 namespace tamarind::authoring {
 
+using platform::LineHeightOf;
 using platform::ToWx;
 
 namespace {
@@ -44,12 +46,6 @@ wxString WithMnemonic(const std::string& caption, char letter) {
 
 wxSize SizeOf(const wxWindow& control, int characters, int lines) {
     return {characters * control.GetCharWidth(), lines * control.GetCharHeight()};
-}
-
-/// Of a box of one line, whose own idea of it does not follow the size of letters on every system.
-int LineHeightOf(const wxTextCtrl& box) {
-    constexpr int kBorders = 10;
-    return std::max(box.GetBestSize().y, box.GetCharHeight() + box.FromDIP(kBorders));
 }
 
 /// Cells beside each other that share what room there is beyond the least of each. (Proportions in a plain row would

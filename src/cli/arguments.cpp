@@ -173,6 +173,39 @@ void AddPackageCommands(CLI::App& app, Arguments& arguments) {
             "The package's folder");
 }
 
+void AddBlueprintCommands(CLI::App& app, Arguments& arguments) {
+    auto* const blueprint = AddGroup(app, "blueprint", "Make a blueprint of a template");
+    struct Kind {
+        const char* name;
+        const char* description;
+        std::array<const char*, 2> texts;
+    };
+    constexpr std::array<Kind, 3> kKinds{
+        {{"named", "Make the blueprint of a file of named markers", {"CSV", nullptr}},
+         {"series", "Make the blueprint of a file of a series of markers", {"CSV", nullptr}},
+         {"route", "Make the blueprint of a route template", {"LONGITUDE", "LATITUDE"}}}};
+    for (const Kind& kind : kKinds) {
+        auto* const command = AddCommand(*blueprint, arguments, kind.name, kind.description);
+        AddPath(command, "NAME", arguments.name, "The name of the blueprint and its file");
+        for (std::size_t i = 0; i < kind.texts.size() && kind.texts.at(i) != nullptr; ++i) {
+            AddPath(command, kind.texts.at(i), arguments.texts.at(i),
+                    kind.texts.at(1) == nullptr ? "The marker file, with or without .csv" : "Inserted as typed");
+        }
+        command->add_option("-o", arguments.output, "The folder to write it to")->required()->type_name("DIR");
+    }
+}
+
+void AddFolderCommands(CLI::App& app, Arguments& arguments) {
+    auto* const folders = AddGroup(app, "folders", "Folders of developers and their add-ons");
+    AddPath(AddCommand(*folders, arguments, "developer", "Make a developer's folder in the game's Source folder"),
+            "NAME", arguments.name, "The developer's name");
+    auto* const addOn = AddCommand(*folders, arguments, "addon", "Make the folders of an add-on");
+    AddPath(addOn, "DIR", arguments.file, "The developer's folder");
+    AddPath(addOn, "NAME", arguments.name, "The add-on's name");
+    AddPath(AddCommand(*folders, arguments, "loco", "Check whether a folder is that of a loco to be cloned"), "SOURCE",
+            arguments.file, "The loco's folder");
+}
+
 /// The command that the words name, as far as they do.
 const CLI::App& ChosenApp(const CLI::App& app) {
     const CLI::App* chosen = &app;
@@ -200,6 +233,8 @@ ParseResult ParseArguments(const std::vector<std::string>& words) {
     AddRouteCommands(app, result.arguments);
     AddScenarioCommands(app, result.arguments);
     AddPackageCommands(app, result.arguments);
+    AddBlueprintCommands(app, result.arguments);
+    AddFolderCommands(app, result.arguments);
     std::vector<std::string> reversed(words.rbegin(), words.rend());
     try {
         app.parse(reversed);

@@ -27,6 +27,9 @@ struct Arguments {
     bool inText = false;    ///< in the elements' texts
     bool wholeWord = false; ///< not within a longer word
 
+    std::string name;                 ///< of what is to be made
+    std::array<std::string, 2> texts; ///< of a blueprint, behind its name
+
     std::string route;    ///< id or display name
     std::string scenario; ///< id or display name
     /// What is typed into the scenario editor's fields, in their order; nothing where a field stays.

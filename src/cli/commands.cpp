@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/authoring_commands.h"
 #include "cli/editor_commands.h"
 #include "cli/install_commands.h"
 #include "cli/marker_commands.h"
@@ -105,7 +106,7 @@ Result Tree(EditorContext& context, const Arguments& arguments) {
 }
 
 using CommandFunction = Result (*)(EditorContext&, const Arguments&);
-constexpr std::array<std::pair<std::string_view, CommandFunction>, 24> kCommands = {
+constexpr std::array<std::pair<std::string_view, CommandFunction>, 30> kCommands = {
     {{"open", Open},
      {"save", Save},
      {"tidy", Tidy},
@@ -129,7 +130,13 @@ constexpr std::array<std::pair<std::string_view, CommandFunction>, 24> kCommands
      {"package scenarios", PackageScenarios},
      {"package assets", PackageAssets},
      {"package verify", VerifyPackage},
-     {"install", InstallPackage}}};
+     {"install", InstallPackage},
+     {"blueprint named", MakeNamedBlueprint},
+     {"blueprint series", MakeSeriesBlueprint},
+     {"blueprint route", MakeRouteBlueprint},
+     {"folders developer", MakeDeveloperFolder},
+     {"folders addon", MakeAddOnFolders},
+     {"folders loco", CheckLoco}}};
 
 } // namespace
 

@@ -81,12 +81,6 @@ void GoTo(EditorContext& context, AssetWindow& window, const std::string& folder
     window.Text1 = platform::ForDisplay(path);
 }
 
-std::string NearestFolder(const platform::Files& files, std::string folder) {
-    while (!folder.empty() && !platform::FolderExists(files, folder))
-        folder = platform::FolderOf(folder);
-    return folder;
-}
-
 std::string StartFolder(const EditorContext& context) {
     const auto& session = context.session;
     if (session.RailSimPath.empty()) return {};

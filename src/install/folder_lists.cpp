@@ -1,5 +1,6 @@
 #include "install/folder_lists.h"
 
+#include "platform/myfile.h"
 #include "platform/paths.h"
 #include "text/code_page.h"
 #include "text/search.h"
@@ -66,6 +67,12 @@ std::string DriveOf(std::string_view path) {
 }
 
 std::string RootOf(const std::string& drive) { return drive.ends_with('\\') ? drive : drive + "\\"; }
+
+std::string NearestFolder(const platform::Files& files, std::string folder) {
+    while (!folder.empty() && !platform::FolderExists(files, folder))
+        folder = platform::FolderOf(folder);
+    return folder;
+}
 
 std::vector<FolderRow> FolderRows(const platform::Files& files, const std::string& folder) {
     const std::string root = RootOf(DriveOf(folder));

@@ -24,6 +24,9 @@ struct FolderRow {
 /// The path of a drive's own folder: "C:\" or "\".
 [[nodiscard]] std::string RootOf(const std::string& drive);
 
+/// The folder, or where it is missing the nearest one above it that is there; empty where none is.
+[[nodiscard]] std::string NearestFolder(const platform::Files& files, std::string folder);
+
 /// The rows for a current folder: the drive, each folder on the way, the folder itself, and the folders in it, without
 /// hidden ones. Errors as Files::List.
 [[nodiscard]] std::vector<FolderRow> FolderRows(const platform::Files& files, const std::string& folder);

@@ -1,15 +1,10 @@
 #include "install/frmFolder3.h"
 
-#include "icons.h"
-#include "platform/paths.h"
-#include "platform/wx/bordered_panel.h"
-#include "platform/wx/embedded_icons.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 
-#include <wx/bmpbndl.h>
 #include <wx/button.h>
-#include <wx/choice.h>
 #include <wx/display.h>
 #include <wx/listbox.h>
 #include <wx/sizer.h>
@@ -35,25 +30,6 @@ constexpr int kCharactersInPackage = 44;
 constexpr int kFewestCharacters = 14;
 constexpr int kLinesInFolders = 16;
 constexpr int kFewestLines = 6;
-
-// The pictures of the folder list. The systems' own are not the same everywhere, and some are no folders.
-enum Picture : int { kDrivePicture, kOpenPicture, kClosedPicture };
-
-/// The index of a row of the folder list.
-class RowData : public wxTreeItemData {
-public:
-    explicit RowData(std::size_t row) : row_(row) {}
-    [[nodiscard]] std::size_t Row() const { return row_; }
-
-private:
-    std::size_t row_;
-};
-
-std::size_t RowOf(const wxTreeCtrl& tree, const wxTreeItemId& item) {
-    return dynamic_cast<const RowData&>(*tree.GetItemData(item)).Row();
-}
-
-wxString Shown(const std::string& path) { return ToWx(platform::ForDisplay(path)); }
 
 wxArrayString ToArray(const std::vector<std::string>& items) {
     wxArrayString texts;
@@ -92,7 +68,7 @@ frmFolder3::frmFolder3(wxWindow* parent, EditorContext& context, AssetWindow win
     MakeControls();
     BindEvents();
     ShowState();
-    dir1_->SetFocus();
+    folders_.Folders().SetFocus();
     CentreOnParent();
 }
 
@@ -114,35 +90,13 @@ wxButton* frmFolder3::MakeButton(AssetControl control, const char* name, char mn
     return button;
 }
 
-wxSizer* frmFolder3::MakeFolders() {
-    const int half = FromDIP(kGap) / 2;
-    auto* const column = new wxBoxSizer(wxVERTICAL);
-    column->Add(MakeLabel(this, "&Drive"), wxSizerFlags().Border(wxBOTTOM, half));
-    drive1_ = new wxChoice(this, wxID_ANY);
-    drive1_->SetName("Drive1");
-    column->Add(drive1_, wxSizerFlags().Expand().Border(wxBOTTOM, 2 * half));
-    column->Add(MakeLabel(this, "F&olders"), wxSizerFlags().Border(wxBOTTOM, half));
-    auto* const border = new platform::BorderedPanel(this);
-    dir1_ = new wxTreeCtrl(border, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                           wxTR_SINGLE | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT | wxWANTS_CHARS | wxBORDER_NONE);
-    dir1_->SetName("Dir1");
-    wxVector<wxBitmapBundle> pictures;
-    pictures.push_back(wxBitmapBundle::FromIconBundle(platform::IconsFrom(drive_icon)));
-    pictures.push_back(wxBitmapBundle::FromIconBundle(platform::IconsFrom(folder_open_icon)));
-    pictures.push_back(wxBitmapBundle::FromIconBundle(platform::IconsFrom(folder_icon)));
-    dir1_->SetImages(pictures);
-    dir1_->SetInitialSize(SizeOf(*dir1_, kCharactersInFolders, kLinesInFolders));
-    border->Hold(dir1_);
-    column->Add(border, wxSizerFlags(1).Expand());
-    return column;
-}
-
 wxSizer* frmFolder3::MakeFiles() {
     const int half = FromDIP(kGap) / 2;
     auto* const column = new wxBoxSizer(wxVERTICAL);
     column->Add(MakeLabel(this, "File pa&ttern"), wxSizerFlags().Border(wxBOTTOM, half));
     text2_ = new wxTextCtrl(this, wxID_ANY);
     text2_->SetName("Text2");
+    platform::GiveLineHeight(*text2_);
     column->Add(text2_, wxSizerFlags().Expand().Border(wxBOTTOM, 2 * half));
     column->Add(MakeLabel(this, "F&iles"), wxSizerFlags().Border(wxBOTTOM, half));
     file1_ = MakeList("File1", wxLB_SINGLE);
@@ -185,10 +139,14 @@ void frmFolder3::MakeControls() {
     top->Add(MakeLabel(this, "Folder"), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
     text1_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
     text1_->SetName("Text1");
+    platform::GiveLineHeight(*text1_);
     top->Add(text1_, wxSizerFlags(1).CenterVertical());
     outer->Add(top, wxSizerFlags().Expand().Border(wxALL, gap));
     auto* const columns = new wxBoxSizer(wxHORIZONTAL);
-    columns->Add(MakeFolders(), wxSizerFlags(3).Expand().Border(wxRIGHT, gap));
+    columns->Add(folders_.Make(this, kCharactersInFolders, kLinesInFolders,
+                               {.changeDrive = [this](std::size_t drive) { Drive1_Change(drive); },
+                                .clickFolder = [this](std::size_t row) { Dir1_Click(row); }}),
+                 wxSizerFlags(3).Expand().Border(wxRIGHT, gap));
     columns->Add(MakeFiles(), wxSizerFlags(2).Expand().Border(wxRIGHT, gap));
     columns->Add(MakePackage(), wxSizerFlags(4).Expand().Border(wxRIGHT, gap));
     // The buttons begin beside the lists, below the line of the labels.
@@ -196,6 +154,7 @@ void frmFolder3::MakeControls() {
     outer->Add(columns, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));
     text3_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
     text3_->SetName("Text3");
+    platform::GiveLineHeight(*text3_);
     text3_->SetHint("Select a folder of the package to see where it comes from and how large it is");
     outer->Add(text3_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
     outer->Add(MakeBottom(), wxSizerFlags().Expand().Border(wxALL, gap));
@@ -203,7 +162,7 @@ void frmFolder3::MakeControls() {
     SetSizer(outer);
     const wxSize roomy = outer->ComputeFittingWindowSize(this);
     for (wxWindow* const list :
-         {static_cast<wxWindow*>(dir1_), static_cast<wxWindow*>(file1_), static_cast<wxWindow*>(list1_)})
+         {static_cast<wxWindow*>(&folders_.Folders()), static_cast<wxWindow*>(file1_), static_cast<wxWindow*>(list1_)})
         list->SetMinSize(SizeOf(*list, kFewestCharacters, kFewestLines));
     platform::KeepWhole(*this);
     wxSize screen = wxDisplay(this).GetClientArea().GetSize();
@@ -213,23 +172,8 @@ void frmFolder3::MakeControls() {
 
 void frmFolder3::BindEvents() {
     buttons_[AssetControl::Command2]->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
-    drive1_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { Drive1_Change(); });
     text2_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Text2_Change(); });
     list1_->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { List1_Click(); });
-    // The mouse opens a folder at once, the arrow keys walk over the rows and Enter or the space bar opens one. The
-    // list is filled anew by that, so it must wait until the list itself is done with the click.
-    dir1_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
-        event.Skip();
-        const wxTreeItemId item = dir1_->HitTest(event.GetPosition());
-        if (item.IsOk()) CallAfter([this, row = RowOf(*dir1_, item)] { Dir1_Click(row); });
-    });
-    dir1_->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
-        const int key = event.GetKeyCode();
-        const wxTreeItemId item = dir1_->GetSelection();
-        const bool opens = key == WXK_RETURN || key == WXK_NUMPAD_ENTER || key == WXK_SPACE;
-        if (!opens || !item.IsOk()) return event.Skip();
-        CallAfter([this, row = RowOf(*dir1_, item)] { Dir1_Click(row); });
-    });
 }
 
 void frmFolder3::Navigate(const std::function<void()>& command) {
@@ -239,9 +183,8 @@ void frmFolder3::Navigate(const std::function<void()>& command) {
     ShowState();
 }
 
-void frmFolder3::Drive1_Change() {
-    const std::string drive = window_.Drives.at(static_cast<std::size_t>(drive1_->GetSelection()));
-    Navigate([this, &drive] { ChangeDrive(context_, window_, drive); });
+void frmFolder3::Drive1_Change(std::size_t drive) {
+    Navigate([this, drive] { ChangeDrive(context_, window_, std::string(window_.Drives.at(drive))); });
 }
 
 void frmFolder3::Dir1_Click(std::size_t row) {
@@ -268,39 +211,10 @@ void frmFolder3::Command4_Click() {
     Navigate([this] { RemoveFolders(window_, SelectedOf(*list1_)); });
 }
 
-void frmFolder3::ShowFolders() {
-    if (shownRows_ == window_.DirRows) return;
-    shownRows_ = window_.DirRows;
-    dir1_->DeleteAllItems();
-    std::vector<wxTreeItemId> way; // the last item of each depth
-    wxTreeItemId current;
-    for (std::size_t i = 0; i < shownRows_.size(); ++i) {
-        const FolderRow& row = shownRows_[i];
-        const int picture = row.depth == 0 ? kDrivePicture : row.isOpen ? kOpenPicture : kClosedPicture;
-        auto* const data = new RowData(i);
-        way.resize(row.depth);
-        way.push_back(way.empty() ? dir1_->AddRoot(Shown(row.text), picture, picture, data)
-                                  : dir1_->AppendItem(way.back(), Shown(row.text), picture, picture, data));
-        if (row.isOpen) current = way.back();
-    }
-    if (!current.IsOk()) return;
-    dir1_->ExpandAll();
-    dir1_->SelectItem(current);
-    dir1_->EnsureVisible(current);
-}
-
-void frmFolder3::ShowDrives() {
-    wxArrayString drives;
-    for (const std::string& drive : window_.Drives)
-        drives.Add(Shown(drive));
-    if (drive1_->GetStrings() != drives) drive1_->Set(drives);
-    drive1_->SetStringSelection(Shown(window_.Drive1));
-}
-
 void frmFolder3::ShowState() {
     text1_->ChangeValue(ToWx(window_.Text1));
-    ShowDrives();
-    ShowFolders();
+    folders_.ShowDrives(window_.Drives, window_.Drive1);
+    folders_.ShowFolders(window_.DirRows);
     if (text2_->GetValue() != ToWx(window_.Text2)) text2_->ChangeValue(ToWx(window_.Text2));
     Fill(*file1_, window_.File1);
     Fill(*list1_, window_.List1);

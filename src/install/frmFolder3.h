@@ -1,17 +1,15 @@
 #pragma once
 
 #include "install/asset_window.h"
+#include "install/folder_list_page.h"
 #include "routes/frmTool.h"
 
 #include <map>
 
 class wxButton;
-class wxChoice;
 class wxListBox;
 class wxSizer;
 class wxTextCtrl;
-class wxTreeCtrl;
-class wxTreeItemId;
 
 namespace tamarind::install {
 
@@ -22,7 +20,6 @@ public:
     frmFolder3(wxWindow* parent, session::EditorContext& context, AssetWindow window, Owner owner);
 
 private:
-    wxSizer* MakeFolders();
     wxSizer* MakeFiles();
     wxSizer* MakePackage();
     wxSizer* MakeButtons();
@@ -36,15 +33,13 @@ private:
     void Command1_Click();
     void Command3_Click();
     void Command4_Click();
-    void Drive1_Change();
+    void Drive1_Change(std::size_t drive);
     void Dir1_Click(std::size_t row);
     void Text2_Change();
     void List1_Click();
 
     /// A change of the lists that waits for nothing.
     void Navigate(const std::function<void()>& command);
-    void ShowDrives();
-    void ShowFolders();
     void ShowState() override;
     void ShowButtons() override;
     void EndState() override;
@@ -52,13 +47,11 @@ private:
 
     session::EditorContext& context_;
     AssetWindow window_;
-    std::vector<FolderRow> shownRows_;
+    FolderListPage folders_;
     std::map<AssetControl, wxButton*> buttons_;
     wxTextCtrl* text1_ = nullptr;
     wxTextCtrl* text2_ = nullptr;
     wxTextCtrl* text3_ = nullptr;
-    wxChoice* drive1_ = nullptr;
-    wxTreeCtrl* dir1_ = nullptr;
     wxListBox* file1_ = nullptr;
     wxListBox* list1_ = nullptr;
 };

@@ -41,7 +41,12 @@ void frmTool::Run(const std::function<void(session::EditorContext&)>& command) {
     owner_.run(command);
     --runningCommands_;
     if (IsEnded()) {
-        Destroy();
+        // Its owner destroys a modal one.
+        if (IsModal()) {
+            EndModal(wxID_OK);
+        } else {
+            Destroy();
+        }
         return;
     }
     ShowState();

@@ -125,6 +125,11 @@ public:
     virtual void ShowScenarioEditor() = 0;
     /// Shows what was read from a marker file, as a picture and as a list; false when it is not to be saved.
     [[nodiscard]] virtual bool ShowMarkers(const markers::MarkerList& list) = 0;
+    /// Opens the window that chooses a folder for the job that the session's AuthoringState names, and returns when it
+    /// is closed; whether the choice was confirmed.
+    [[nodiscard]] virtual bool ShowFolderChooser() = 0;
+    /// Opens the window that makes a blueprint of the session's mode, and returns when it is closed.
+    virtual void ShowBlueprint() = 0;
 };
 
 } // namespace tamarind::session

@@ -59,6 +59,8 @@ public:
     void ShowAssets() override {}
     void ShowScenarioEditor() override {}
     [[nodiscard]] bool ShowMarkers(const markers::MarkerList&) override { return true; }
+    [[nodiscard]] bool ShowFolderChooser() override { return false; }
+    void ShowBlueprint() override {}
 
 private:
     std::string caption_;

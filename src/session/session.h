@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/authoring_state.h"
 #include "session/route_state.h"
 #include "session/scenario_edit_state.h"
 
@@ -34,6 +35,7 @@ struct Session {
 
     RouteState Routes;
     ScenarioEditState ScenarioEdit;
+    AuthoringState Authoring;
 
     std::vector<std::string> convertingBases; ///< TempBase of each game file that is being converted now
 

@@ -107,6 +107,8 @@ private:
     bool CloseRoutes() override;
     void ShowAssets() override;
     void ShowScenarioEditor() override;
+    [[nodiscard]] bool ShowFolderChooser() override;
+    void ShowBlueprint() override;
 
     session::Session& session_;
     document::OpenDocument document_;

@@ -1,3 +1,5 @@
+#include "authoring/frmBlue.h"
+#include "authoring/frmFolder.h"
 #include "authoring/frmScenEdit.h"
 #include "convert/texture_xml.h"
 #include "editors/dlgFind.h"
@@ -215,6 +217,14 @@ bool frmEditor::ShowMarkers(const markers::MarkerList& list) {
     session_.skipsMarkerPicture = isSaved && dialog.IsSkippedFromNowOn();
     return isSaved;
 }
+
+bool frmEditor::ShowFolderChooser() {
+    authoring::FolderWindow window;
+    authoring::LoadFolders(context_, window);
+    return authoring::frmFolder(this, context_, std::move(window), ToolOwner()).ShowModal() == wxID_OK;
+}
+
+void frmEditor::ShowBlueprint() { authoring::frmBlue(this, context_, ToolOwner()).ShowModal(); }
 
 void frmEditor::ShowAbout() { frmAbout(this).ShowModal(); }
 

@@ -1,5 +1,8 @@
 #include "shell/menus.h"
 
+#include "authoring/blueprint_window.h"
+#include "authoring/developer_folders.h"
+#include "authoring/loco_clone.h"
 #include "convert/game_file.h"
 #include "convert/texture_export.h"
 #include "convert/texture_import.h"
@@ -43,7 +46,6 @@ constexpr std::array kMenus = {
     Menu{"mnuHelp", "Help"},
 };
 
-// A null command keeps its item in the menu, disabled.
 constexpr std::array kItems = {
     MenuItem{"mnuFileS", "mnuOpenRS", "Open RailSim File", Run<convert::OpenRailSimFile>, nullptr, "Ctrl+O"},
     MenuItem{"mnuFileS", "mnuSaveRS", "Save RailSim File", Run<convert::SaveRailSimFile>, HasGameFile, "Ctrl+S"},
@@ -79,12 +81,13 @@ constexpr std::array kItems = {
     MenuItem{"mnuTools", "mnuPackAss", "Package Assets", install::OpenAssetPackager},
     MenuItem{"mnuTools", "mnuPack", "Package Route", routes::OpenRoutePackager},
     MenuItem{"mnuTools", "mnuPackSce", "Package Scenarios", routes::OpenScenarioPackager},
-    MenuItem{"mnuTools", "mnuDeveloper", "Set Up Developer Folder", nullptr},
-    MenuItem{"mnuTools", "mnuDevFolders", "Set Up Sub- Folders", nullptr},
+    MenuItem{"mnuTools", "mnuDeveloper", "Set Up Developer Folder", authoring::SetUpDeveloperFolder},
+    MenuItem{"mnuTools", "mnuDevFolders", "Set Up Sub- Folders", authoring::SetUpSubFolders},
+    MenuItem{"mnuTools", "mnuCloneLoco", "Clone Loco", authoring::CloneLoco},
 
-    MenuItem{"mnuEB", "mnuMarkN", "Markers - Named", nullptr},
-    MenuItem{"mnuEB", "mnuMarkS", "Markers - Series", nullptr},
-    MenuItem{"mnuEB", "mnuRoute", "Route Template", nullptr},
+    MenuItem{"mnuEB", "mnuMarkN", "Markers - Named", authoring::MakeNamedMarker},
+    MenuItem{"mnuEB", "mnuMarkS", "Markers - Series", authoring::MakeSeriesMarker},
+    MenuItem{"mnuEB", "mnuRoute", "Route Template", authoring::MakeRouteTemplate},
 
     MenuItem{"mnuOpt", "mnuClear", "Clear Screen", ClearScreen},
     MenuItem{"mnuOpt", "mnuCTF", "Clear Temp Files", ClearTempFiles},
@@ -107,7 +110,7 @@ std::span<const Menu> Menus() { return kMenus; }
 std::span<const MenuItem> MenuItems() { return kItems; }
 
 bool IsItemEnabled(const MenuItem& item, const EditorContext& context) {
-    return item.command != nullptr && (item.isEnabled == nullptr || item.isEnabled(context));
+    return item.isEnabled == nullptr || item.isEnabled(context);
 }
 
 } // namespace tamarind::shell

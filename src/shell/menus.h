@@ -20,7 +20,7 @@ struct MenuItem {
     std::string_view menu;
     std::string_view name; ///< also names the handler
     std::string_view caption;
-    CommandFunction command;             ///< null while there is no such command: the item is shown disabled
+    CommandFunction command;             ///< what the item does
     EnabledFunction isEnabled = nullptr; ///< null: always
     std::string_view shortcut = {};      ///< as "Ctrl+O"; empty for none
 };

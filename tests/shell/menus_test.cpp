@@ -63,6 +63,7 @@ TEST(Menus, HoldTheirItemsInOrder) {
         {"mnuTools", "mnuPackSce", "Package Scenarios"},
         {"mnuTools", "mnuDeveloper", "Set Up Developer Folder"},
         {"mnuTools", "mnuDevFolders", "Set Up Sub- Folders"},
+        {"mnuTools", "mnuCloneLoco", "Clone Loco"},
         {"mnuEB", "mnuMarkN", "Markers - Named"},
         {"mnuEB", "mnuMarkS", "Markers - Series"},
         {"mnuEB", "mnuRoute", "Route Template"},
@@ -98,11 +99,9 @@ protected:
     tests::EditorRig rig{files, "C:\\Kit"};
 };
 
-TEST_F(MenuItemsTest, WithoutACommandIsDisabled) {
-    for (const MenuItem& item : MenuItems()) {
-        if (item.command != nullptr) continue;
-        EXPECT_FALSE(IsItemEnabled(item, rig.context)) << item.name;
-    }
+TEST_F(MenuItemsTest, AllHaveACommand) {
+    for (const MenuItem& item : MenuItems())
+        EXPECT_NE(item.command, nullptr) << item.name;
 }
 
 TEST_F(MenuItemsTest, TheTexturesCommandsAreAlwaysThere) {
@@ -249,6 +248,32 @@ TEST_F(MenuItemsTest, ForPackagingAssetsKeepsAPackageThatIsBeingPutTogether) {
     EXPECT_EQ(rig.session.Routes.PackageFolderName, "begun");
     EXPECT_EQ(rig.session.Routes.ScenarioPackMode, 0);
     EXPECT_THAT(rig.view.calls, testing::ElementsAre("ShowAssets", "ShowAssets", "ShowAssets"));
+}
+
+TEST_F(MenuItemsTest, ForBlueprintsChooseAFolderInTheirMode) {
+    rig.view.onFolderChooser = [] { return true; };
+    const std::vector<std::pair<std::string, session::BlueprintMode>> modes{
+        {"mnuMarkN", session::BlueprintMode::NamedMarker},
+        {"mnuMarkS", session::BlueprintMode::SeriesMarker},
+        {"mnuRoute", session::BlueprintMode::RouteTemplate}};
+    for (const auto& [name, mode] : modes) {
+        rig.view.calls.clear();
+        Item(name).command(rig.context);
+        EXPECT_EQ(rig.session.Authoring.BlueprintMode, mode) << name;
+        EXPECT_THAT(rig.view.calls, testing::ElementsAre("ShowFolderChooser", "ShowBlueprint")) << name;
+    }
+}
+
+TEST_F(MenuItemsTest, ForFoldersAndLocosOpenTheFolderWindowForTheirJob) {
+    rig.session.RailSimPath = "C:\\Game";
+    Item("mnuCloneLoco").command(rig.context);
+    EXPECT_EQ(rig.session.Authoring.Folder, session::FolderJob::LocoToClone);
+    Item("mnuDevFolders").command(rig.context);
+    EXPECT_EQ(rig.session.Authoring.Folder, session::FolderJob::AddOn);
+    EXPECT_THAT(rig.view.calls, testing::ElementsAre("ShowFolderChooser", "ShowFolderChooser"));
+    rig.ui.texts = {""};
+    Item("mnuDeveloper").command(rig.context);
+    EXPECT_EQ(rig.ui.Everything().back().message.title, "Developer Name");
 }
 
 TEST_F(MenuItemsTest, RunTheirOwnCommand) {

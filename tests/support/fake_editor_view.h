@@ -15,7 +15,7 @@ public:
     /// Rows and pages, in order: "ShowTree", "ClearTree", "AddRow nod2", "RemoveRow nod2", "EditRowLabel nod2",
     /// "ShowPage text", "ShowPage tree", "SetGeometry", "ShowWindow", "CloseWindow", "ShowRoutes", "ShowAbout",
     /// "ShowHelp C:\\Kit\\Tamarind.chm", "ShowRowName nod2", "SelectRow nod2", "MarkRow nod2", "UnmarkRows",
-    /// "HighlightEditorText", "ShowTextSearch", "CloseRoutes", "ShowAssets".
+    /// "HighlightEditorText", "ShowTextSearch", "CloseRoutes", "ShowAssets", "ShowFolderChooser", "ShowBlueprint".
     std::vector<std::string> calls;
 
     session::Page page = session::Page::Text;
@@ -32,6 +32,7 @@ public:
     int updates = 0;                                   ///< of menus and buttons
     int goOnTimes = 0;                                 ///< how often AskToGoOn is answered with Yes, then No
     std::function<void()> onAskToGoOn;                 ///< called while that dialog is open
+    std::function<bool()> onFolderChooser;             ///< what a person does in that window; whether it is confirmed
 
     /// As a person who changes the text.
     void TypeText(const std::string& text) {
@@ -117,6 +118,11 @@ public:
         calls.push_back("ShowMarkers " + list.text);
         return savesMarkers;
     }
+    [[nodiscard]] bool ShowFolderChooser() override {
+        calls.emplace_back("ShowFolderChooser");
+        return onFolderChooser && onFolderChooser();
+    }
+    void ShowBlueprint() override { calls.emplace_back("ShowBlueprint"); }
 };
 
 } // namespace tamarind::tests

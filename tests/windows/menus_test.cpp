@@ -33,7 +33,7 @@ const std::vector<ShownMenu> kOtherMenus{
     {"Conversions", {"Convert RS to .dds", "View .dds File", "Edit .dds File", "Convert .dds to RS"}},
     {"Tools",
      {"Check Routes or Scenarios", "Convert Marker files", "Package Assets", "Package Route", "Package Scenarios",
-      "Set Up Developer Folder", "Set Up Sub- Folders"}},
+      "Set Up Developer Folder", "Set Up Sub- Folders", "Clone Loco"}},
     {"Easy Blueprints", {"Markers - Named", "Markers - Series", "Route Template"}},
     {"Options",
      {"Clear Screen", "Clear Temp Files", "Make all RS files Read/Write", "Select Default Editor", "Select RS Path",
@@ -119,7 +119,7 @@ TEST_F(MenuBar, EnablesSavingWithAnOpenDocument) {
                                      "Save .xml/.cost/.tgt file", "Save .xml As", "Exit"}));
 }
 
-TEST_F(MenuBar, DisablesEveryItemWithoutACommand) {
+TEST_F(MenuBar, EnablesEveryItemOfTheOtherMenus) {
     Open();
     EXPECT_EQ(Enabled(1, 6), (std::set<std::string>{"&Find",
                                                     "Convert RS to .dds",
@@ -131,6 +131,12 @@ TEST_F(MenuBar, DisablesEveryItemWithoutACommand) {
                                                     "Package Assets",
                                                     "Package Route",
                                                     "Package Scenarios",
+                                                    "Set Up Developer Folder",
+                                                    "Set Up Sub- Folders",
+                                                    "Clone Loco",
+                                                    "Markers - Named",
+                                                    "Markers - Series",
+                                                    "Route Template",
                                                     "Clear Screen",
                                                     "Clear Temp Files",
                                                     "Make all RS files Read/Write",
