@@ -2,7 +2,6 @@
 #include "convert/texture_xml.h"
 #include "editors/dlgFind.h"
 #include "editors/frmAddAttribute.h"
-#include "platform/wx/help.h"
 #include "platform/wx/wx_text.h"
 #include "shell/frmAbout.h"
 #include "shell/frmEditor.h"
@@ -204,6 +203,6 @@ void frmEditor::ShowScenarioEditor() {
 
 void frmEditor::ShowAbout() { frmAbout(this).ShowModal(); }
 
-void frmEditor::ShowHelp(const std::string& file) { platform::ShowHelp(*this, file); }
+bool frmEditor::ShowHelp(const std::string& file) { return help_.ShowContents(file); }
 
 } // namespace tamarind::shell

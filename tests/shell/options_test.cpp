@@ -242,6 +242,25 @@ TEST_F(Options, ContentsAndAboutAreShown) {
     ShowContents(rig.context);
     ShowAbout(rig.context);
     EXPECT_EQ(rig.view.calls, (std::vector<std::string>{"ShowHelp C:\\Kit\\Tamarind.chm", "ShowAbout"}));
+    EXPECT_TRUE(rig.ui.Everything().empty());
+}
+
+TEST_F(Options, ContentsTellsThatTheHelpFileIsMissing) {
+    rig.view.hasHelp = false;
+    ShowContents(rig.context);
+    ASSERT_EQ(rig.ui.Messages().size(), 1U);
+    EXPECT_EQ(rig.ui.Messages()[0].text,
+              "The help file was not found:\r\n" + platform::ForDisplay("C:\\Kit\\Tamarind.chm"));
+    EXPECT_EQ(rig.ui.Messages()[0].icon, Icon::Exclamation);
+}
+
+TEST_F(Options, ContentsTellsThatTheHelpFileCannotBeShown) {
+    files.folders = {"C:\\Kit"};
+    files.contents["C:\\Kit\\Tamarind.chm"] = "pages";
+    rig.view.hasHelp = false;
+    ShowContents(rig.context);
+    EXPECT_EQ(rig.ui.MessageTexts(), std::vector<std::string>{"The help file cannot be shown:\r\n" +
+                                                              platform::ForDisplay("C:\\Kit\\Tamarind.chm")});
 }
 
 } // namespace

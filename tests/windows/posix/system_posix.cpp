@@ -1,6 +1,9 @@
 #include "windows/editor_window.h"
 #include "windows/system.h"
 
+#include <wx/mimetype.h>
+#include <wx/utils.h>
+
 namespace tamarind::tests {
 
 const int kMenuKey = WXK_MENU;
@@ -15,5 +18,20 @@ int ChooseInFileBox(wxFileDialog& box, const wxString& path) {
     });
     return wxID_NONE;
 }
+
+// Desktops keep in these folders which program opens what.
+NoHelpViewer::NoHelpViewer() {
+    for (const char* const name : {"XDG_DATA_HOME", "XDG_DATA_DIRS"})
+        wxSetEnv(name, "/nowhere");
+    wxTheMimeTypesManager->ClearData();
+}
+
+NoHelpViewer::~NoHelpViewer() {
+    for (const char* const name : {"XDG_DATA_HOME", "XDG_DATA_DIRS"})
+        wxUnsetEnv(name);
+    wxTheMimeTypesManager->ClearData();
+}
+
+void NoHelpViewer::Keep(const std::string&) const {}
 
 } // namespace tamarind::tests
