@@ -64,13 +64,13 @@ TEST_F(HelpWindow, ShowsOurContentsAndFirstPage) {
     ASSERT_TRUE(PumpUntil([] { return Shown() != nullptr; }));
     PumpFor(milliseconds(300));
     wxHtmlHelpFrame& frame = *Shown();
-    EXPECT_EQ(FromWx(frame.GetTitle()), "Tamarind Help");
+    EXPECT_EQ(FromWx(frame.GetTitle()), "Welcome - Tamarind Help");
     const wxHtmlHelpWindow& help = *frame.GetHelpWindow();
     std::size_t entries = 0;
     CountItems(*help.GetTreeCtrl(), help.GetTreeCtrl()->GetRootItem(), entries);
     // The first page and two more, and five headings with three, two, four, three and three pages.
     EXPECT_EQ(entries, 23U);
-    EXPECT_EQ(FromWx(help.GetHtmlWindow()->GetOpenedPageTitle()), "Tamarind");
+    EXPECT_EQ(FromWx(help.GetHtmlWindow()->GetOpenedPageTitle()), "Welcome");
 }
 
 TEST_F(HelpWindow, ShowsThePagesWithoutAHelpFile) {

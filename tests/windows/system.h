@@ -22,6 +22,9 @@ public:
 
     /// For a help file, a program's path, that a viewer of the system itself would show.
     void Keep(const std::string& file) const;
+
+private:
+    wxString searchPath_; ///< of the system, while it is out of use
 };
 
 } // namespace tamarind::tests

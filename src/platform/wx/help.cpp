@@ -46,7 +46,7 @@ bool Help::ShowPages(const wxString& project) {
         // What is wrong with the files is told by whoever asked for them.
         const wxLogNull quiet;
         if (!controller->AddBook(wxFileName(project))) return false;
-        controller->SetTitleFormat("%s");
+        controller->SetTitleFormat("%s - Tamarind Help");
         controller_ = std::move(controller);
     }
     const bool isOpen = controller_->GetHelpWindow() != nullptr;

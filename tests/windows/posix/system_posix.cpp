@@ -1,7 +1,6 @@
 #include "windows/editor_window.h"
 #include "windows/system.h"
 
-#include <wx/mimetype.h>
 #include <wx/utils.h>
 
 namespace tamarind::tests {
@@ -19,18 +18,12 @@ int ChooseInFileBox(wxFileDialog& box, const wxString& path) {
     return wxID_NONE;
 }
 
-// Desktops keep in these folders which program opens what.
 NoHelpViewer::NoHelpViewer() {
-    for (const char* const name : {"XDG_DATA_HOME", "XDG_DATA_DIRS"})
-        wxSetEnv(name, "/nowhere");
-    wxTheMimeTypesManager->ClearData();
+    wxGetEnv("PATH", &searchPath_);
+    wxSetEnv("PATH", "/nowhere");
 }
 
-NoHelpViewer::~NoHelpViewer() {
-    for (const char* const name : {"XDG_DATA_HOME", "XDG_DATA_DIRS"})
-        wxUnsetEnv(name);
-    wxTheMimeTypesManager->ClearData();
-}
+NoHelpViewer::~NoHelpViewer() { wxSetEnv("PATH", searchPath_); }
 
 void NoHelpViewer::Keep(const std::string&) const {}
 

@@ -1,40 +1,30 @@
 #include "platform/wx/help_viewer.h"
 
-#include <wx/cmdline.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
-#include <wx/mimetype.h>
 #include <wx/utils.h>
-
-#include <memory>
 
 namespace tamarind::platform {
 
 namespace {
 
-/// The first word of a command, as a shell takes it.
-wxString ProgramOf(const wxString& command) {
-    const wxArrayString words = wxCmdLineParser::ConvertStringToArgs(command);
-    return words.empty() ? wxString() : words[0];
-}
-
-bool CanBeStarted(const wxString& program) {
-    if (wxFileName(program).IsAbsolute()) return wxFileName::IsFileExecutable(program);
-    wxPathList folders;
-    folders.AddEnvList("PATH");
-    const wxString found = folders.FindAbsoluteValidPath(program);
-    return !found.empty() && wxFileName::IsFileExecutable(found);
-}
+// By name, and not what the desktop opens such files with: that may be a viewer of books without the part for these
+// files, or Wine's, whose window stays empty.
+constexpr const char* kViewers[] = {"kchmviewer", "uchmviewer", "xchm"};
 
 } // namespace
 
 bool ShowHelpFile(const wxString& path) {
-    const std::unique_ptr<wxFileType> type(wxTheMimeTypesManager->GetFileTypeFromExtension("chm"));
-    if (!type) return false;
-    const wxString command = type->GetOpenCommand(path);
-    // Wine enters its own viewer here, which shows an empty window.
-    if (command.empty() || command.Lower().Contains("wine")) return false;
-    return CanBeStarted(ProgramOf(command)) && wxExecute(command) != 0;
+    wxPathList folders;
+    folders.AddEnvList("PATH");
+    for (const char* const viewer : kViewers) {
+        const wxString program = folders.FindAbsoluteValidPath(viewer);
+        if (program.empty() || !wxFileName::IsFileExecutable(program)) continue;
+        const wxCharBuffer words[] = {program.utf8_str(), path.utf8_str()};
+        const char* const command[] = {words[0].data(), words[1].data(), nullptr};
+        if (wxExecute(command) != 0) return true;
+    }
+    return false;
 }
 
 } // namespace tamarind::platform
