@@ -111,7 +111,8 @@ public:
     /// Opens the routes window for the job that the session's RouteState names; one that is open comes to the front.
     virtual void ShowRoutes() = 0;
     virtual void ShowAbout() = 0;
-    /// The help's table of contents. `file` is a program's path, whether it exists or not; false when it cannot be shown.
+    /// The help's table of contents. `file` is a program's path, whether it exists or not; false when it cannot be
+    /// shown.
     [[nodiscard]] virtual bool ShowHelp(const std::string& file) = 0;
     /// Closes the routes window; false when it stays open, since a command of its is running.
     virtual bool CloseRoutes() = 0;

@@ -29,9 +29,8 @@ std::string Shown(std::string_view raw) {
 
 std::string SmallLetters(std::string_view word) {
     std::string small(word);
-    std::ranges::transform(small, small.begin(), [](char c) {
-        return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    });
+    std::ranges::transform(small, small.begin(),
+                           [](char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); });
     return small;
 }
 

@@ -144,8 +144,9 @@ TEST_F(HelpWindow, ShowsWholeLinesOfTheContentsAndFitsTheScreen) {
 
 TEST_F(HelpWindow, TellsThatTheHelpIsMissing) {
     Open();
-    dialogs_.AnswerMessage({.text = "The help file was not found:\n" + platform::ForDisplay(program_ + "\\Tamarind.chm"),
-                            .style = wxICON_EXCLAMATION | wxOK});
+    dialogs_.AnswerMessage(
+        {.text = "The help file was not found:\n" + platform::ForDisplay(program_ + "\\Tamarind.chm"),
+         .style = wxICON_EXCLAMATION | wxOK});
     Choose("mnuContents");
     EXPECT_TRUE(dialogs_.AllCame());
     EXPECT_EQ(Shown(), nullptr);

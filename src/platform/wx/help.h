@@ -9,9 +9,9 @@ class wxWindow;
 
 namespace tamarind::platform {
 
-/// The help of one main window: shown by the system's viewer for help files where there is one that can show it, else by
-/// a window of the toolkit, from the same pages in the folder "help" beside the file. That window stays open beside the
-/// others.
+/// The help of one main window: shown by the system's viewer for help files where there is one that can show it, else
+/// by a window of the toolkit, from the same pages in the folder "help" beside the file. That window stays open beside
+/// the others.
 class Help {
 public:
     explicit Help(wxWindow& window);
