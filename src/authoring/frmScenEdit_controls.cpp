@@ -1,4 +1,5 @@
 #include "authoring/frmScenEdit.h"
+#include "platform/wx/colours.h"
 #include "platform/wx/frame_box.h"
 #include "platform/wx/line_height.h"
 #include "platform/wx/smallest_size.h"
@@ -10,6 +11,7 @@
 #include <wx/display.h>
 #include <wx/listbox.h>
 #include <wx/listctrl.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -102,7 +104,8 @@ wxSizer* frmScenEdit::WithWarning(Field field, char mnemonic, wxTextCtrl* contro
     label->MoveBeforeInTabOrder(control);
     wxStaticText* const warning = MakeLine(this, "", wxALIGN_RIGHT);
     warning->SetName(wxString::Format("Warning(%d)", static_cast<int>(index)));
-    warning->SetForegroundColour(kWarningColour);
+    const wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+    warning->SetForegroundColour(platform::IsDark(ground) ? platform::RedOn(ground) : kWarningColour);
     warnings_.at(index) = warning;
     auto* const line = new wxBoxSizer(wxHORIZONTAL);
     line->Add(label, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));

@@ -88,6 +88,7 @@ bool ConvertChosenFile(EditorContext& context, bool takeExtension) {
     const Converting converting(session, session.TempBase);
     const std::string binary = session.TempBase + "bin";
     const std::string xml = session.TempBase + "xml";
+    MakeTempFiles(context); // somebody may have deleted it since the start
     platform::CopyFile(files, session.CommandFile, binary);
     context.ui.ProcessEvents();
 

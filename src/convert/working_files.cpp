@@ -1,6 +1,7 @@
 #include "convert/working_files.h"
 
 #include "convert/recovered.h"
+#include "platform/myfile.h"
 #include "platform/paths.h"
 #include "text/runtime_error.h"
 #include "text/search.h"
@@ -18,6 +19,11 @@ Converting::Converting(session::Session& session, std::string tempBase) : sessio
 
 // Commands nest, so the last one is this one.
 Converting::~Converting() { session_.convertingBases.pop_back(); }
+
+void MakeTempFiles(EditorContext& context) {
+    const std::string folder = context.session.TempFiles();
+    if (!platform::FolderExists(context.platform.files, folder)) context.platform.files.CreateFolder(folder);
+}
 
 bool MayConvert(EditorContext& context, const std::string& tempBase, const std::string& file) {
     const auto& bases = context.session.convertingBases;

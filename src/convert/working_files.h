@@ -20,6 +20,9 @@ private:
     session::Session& session_;
 };
 
+/// Makes the folder "TempFiles" where there is none.
+void MakeTempFiles(session::EditorContext& context);
+
 /// Whether the working files are free; if not, the person was told that `file` has to wait.
 [[nodiscard]] bool MayConvert(session::EditorContext& context, const std::string& tempBase, const std::string& file);
 

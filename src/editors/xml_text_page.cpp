@@ -1,5 +1,6 @@
 #include "editors/xml_text_page.h"
 
+#include "platform/wx/colours.h"
 #include "platform/wx/wx_text.h"
 
 #include <wx/app.h>
@@ -61,8 +62,6 @@ private:
     wxStyledTextCtrl& editor_;
 };
 
-bool IsDark(const wxColour& colour) { return colour.GetLuminance() < 0.5; }
-
 } // namespace
 
 XmlText::XmlText(wxWindow* parent)
@@ -94,10 +93,11 @@ void XmlText::ApplyAppearance() {
     StyleSetForeground(wxSTC_STYLE_DEFAULT, ink);
     StyleSetBackground(wxSTC_STYLE_DEFAULT, ground);
     StyleClearAll();
-    // Pure blue cannot be read on a dark ground.
-    StyleSetForeground(kBlueStyle, IsDark(ground) ? wxColour(0x7A, 0xA8, 0xFF) : wxColour(0, 0, 255));
-    StyleSetForeground(kRedStyle, IsDark(ground) ? wxColour(0xFF, 0x7A, 0x7A) : wxColour(255, 0, 0));
+    StyleSetForeground(kBlueStyle, platform::BlueOn(ground));
+    StyleSetForeground(kRedStyle, platform::RedOn(ground));
     SetCaretForeground(ink);
+    SetSelBackground(true, wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
+    SetSelForeground(true, wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT));
     const wxColour margin = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
     StyleSetBackground(wxSTC_STYLE_LINENUMBER, margin);
     StyleSetForeground(wxSTC_STYLE_LINENUMBER, wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
@@ -107,7 +107,7 @@ void XmlText::ApplyAppearance() {
         MarkerSetForeground(marker, ground);
         MarkerSetBackground(marker, ink);
     }
-    IndicatorSetForeground(kPairMark, IsDark(ground) ? wxColour(0x7A, 0xA8, 0xFF) : wxColour(0, 0x80, 0));
+    IndicatorSetForeground(kPairMark, platform::IsDark(ground) ? platform::BlueOn(ground) : wxColour(0, 0x80, 0));
     numberDigits_ = 0;
     FitLineNumbers();
 }

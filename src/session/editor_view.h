@@ -115,8 +115,9 @@ public:
     /// Opens the routes window for the job that the session's RouteState names; one that is open comes to the front.
     virtual void ShowRoutes() = 0;
     virtual void ShowAbout() = 0;
-    /// The help's table of contents. `file` is a program's path, whether it exists or not.
-    virtual void ShowHelp(const std::string& file) = 0;
+    /// The help's table of contents. `file` is a program's path, whether it exists or not; false when it cannot be
+    /// shown.
+    [[nodiscard]] virtual bool ShowHelp(const std::string& file) = 0;
     /// Closes the routes window; false when it stays open, since a command of its is running.
     virtual bool CloseRoutes() = 0;
     /// Opens the asset packager's window; one that is open comes to the front.

@@ -54,7 +54,7 @@ public:
     [[nodiscard]] std::optional<NewAttribute> AskForAttribute() override { return std::nullopt; }
     void ShowRoutes() override {}
     void ShowAbout() override {}
-    void ShowHelp(const std::string&) override {}
+    [[nodiscard]] bool ShowHelp(const std::string&) override { return false; }
     bool CloseRoutes() override { return true; }
     void ShowAssets() override {}
     void ShowScenarioEditor() override {}

@@ -37,7 +37,7 @@ constexpr int kStatusFields = 4;
 constexpr int kCaretField = 1;
 constexpr int kLineEndField = 2;
 constexpr int kEncodingField = 3;
-constexpr int kStatusGap = 8;
+constexpr int kStatusGapLetters = 5;
 
 } // namespace
 
@@ -49,14 +49,14 @@ frmEditor::frmEditor(session::Session& session, const platform::Platform& platfo
                               .showStatus = [this](const std::string& text) { ShowStatus(text); },
                               .setWaiting = [this](bool waiting) { isWaiting_ = waiting; },
                               .stopRequested = [this] { return std::exchange(stopsProgram_, false); }}),
-      context_{session, document_, platform, ui_, *this} {
+      help_(*this), context_{session, document_, platform, ui_, *this} {
     // A frame's own colour is that of an empty work space on Windows.
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     SetSize(FromDIP(kDesignSize));
     CreateStatusBar(kStatusFields);
     // Behind the last field lies the corner by which the window is drawn larger.
     const auto widthOf = [this](const char* text) {
-        return GetStatusBar()->GetTextExtent(text).x + 2 * GetStatusBar()->GetCharHeight() + FromDIP(kStatusGap);
+        return GetStatusBar()->GetTextExtent(text).x + kStatusGapLetters * GetCharWidth();
     };
     const int widths[kStatusFields] = {-1, widthOf("Line 9999999, Column 9999"), widthOf("CR LF"),
                                        widthOf("Windows-1252")};

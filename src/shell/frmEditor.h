@@ -4,6 +4,7 @@
 #include "editors/text_page.h"
 #include "editors/tree_page.h"
 #include "install/frmFolder3.h"
+#include "platform/wx/help.h"
 #include "platform/wx/wx_ui.h"
 #include "routes/frmDelRoute.h"
 #include "session/editor_context.h"
@@ -103,7 +104,7 @@ private:
     void ShowRoutes() override;
     void ShowAbout() override;
     bool ShowMarkers(const markers::MarkerList& list) override;
-    void ShowHelp(const std::string& file) override;
+    [[nodiscard]] bool ShowHelp(const std::string& file) override;
     bool CloseRoutes() override;
     void ShowAssets() override;
     void ShowScenarioEditor() override;
@@ -113,6 +114,7 @@ private:
     session::Session& session_;
     document::OpenDocument document_;
     platform::WxUserInterface ui_;
+    platform::Help help_;
     session::EditorContext context_;
 
     wxNotebook* ssTab1_ = nullptr;

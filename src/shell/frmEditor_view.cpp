@@ -5,7 +5,6 @@
 #include "editors/dlgFind.h"
 #include "editors/frmAddAttribute.h"
 #include "markers/dlgMarkers.h"
-#include "platform/wx/help.h"
 #include "platform/wx/wx_text.h"
 #include "shell/frmAbout.h"
 #include "shell/frmEditor.h"
@@ -228,6 +227,6 @@ void frmEditor::ShowBlueprint() { authoring::frmBlue(this, context_, ToolOwner()
 
 void frmEditor::ShowAbout() { frmAbout(this).ShowModal(); }
 
-void frmEditor::ShowHelp(const std::string& file) { platform::ShowHelp(*this, file); }
+bool frmEditor::ShowHelp(const std::string& file) { return help_.ShowContents(file); }
 
 } // namespace tamarind::shell

@@ -124,7 +124,13 @@ void MakeGameFilesWritable(EditorContext& context) {
     context.ui.Show({.text = "All files are now Read/Write"});
 }
 
-void ShowContents(EditorContext& context) { context.view.ShowHelp(context.session.ProgramFolder + "\\Tamarind.chm"); }
+void ShowContents(EditorContext& context) {
+    const std::string file = context.session.ProgramFolder + "\\Tamarind.chm";
+    if (context.view.ShowHelp(file)) return;
+    const bool isThere = platform::FileExists(context.platform.files, file);
+    context.ui.Show({.text = (isThere ? "The help file cannot be shown:\r\n" : "The help file was not found:\r\n") +
+                             platform::ForDisplay(file)});
+}
 
 void ShowAbout(EditorContext& context) { context.view.ShowAbout(); }
 

@@ -1,6 +1,7 @@
 #include "shell/start_up.h"
 
 #include "convert/game_file.h"
+#include "convert/working_files.h"
 #include "editors/document_commands.h"
 #include "platform/myfile.h"
 #include "platform/paths.h"
@@ -36,11 +37,6 @@ void StartEmptyDocument(EditorContext& context) {
     context.document.hasFileName = false;
     context.document.canSaveAs = false;
     context.view.UpdateCommands();
-}
-
-void MakeTempFiles(EditorContext& context) {
-    const std::string folder = context.session.TempFiles();
-    if (!platform::FolderExists(context.platform.files, folder)) context.platform.files.CreateFolder(folder);
 }
 
 void AskForGameFolder(EditorContext& context) {
@@ -128,7 +124,7 @@ void StartUp(EditorContext& context, const std::string& commandLine) {
     Step(context, [&] { ReadSettings(context); });
     context.view.ShowPage(context.session.XmlEditorDefault ? Page::Tree : Page::Text);
     context.ui.ProcessEvents();
-    Step(context, [&] { MakeTempFiles(context); });
+    Step(context, [&] { convert::MakeTempFiles(context); });
     Step(context, [&] { FindGameFolder(context); });
     Step(context, [&] { AskForGameFolder(context); });
     context.ui.ProcessEvents();

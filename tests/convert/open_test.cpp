@@ -3,6 +3,7 @@
 #include "convert/game_rig.h"
 #include "editors/document_commands.h"
 #include "platform/expect_error.h"
+#include "platform/myfile.h"
 #include "platform/paths.h"
 #include "support/tree_text.h"
 
@@ -283,6 +284,23 @@ TEST_F(OpenGameFile, AFolderIsAnError) {
     NextPath(folder.MakeFolder("Game\\folder.bin"));
     EXPECT_EQ(tests::NumberOfError([&] { OpenRailSimFile(rig.context); }), 75);
     EXPECT_THAT(TempNames(), ElementsAre());
+}
+
+TEST_F(OpenGameFile, MakesAMissingTempFilesAnew) {
+    platform::DelAll(folder.Disk(), folder / "Kit\\TempFiles");
+    NextFile("Track.bin", "<Top/>");
+    EXPECT_TRUE(OpenRailSimFile(rig.context));
+    EXPECT_EQ(rig.view.EditorText(), "<Top/>");
+}
+
+TEST_F(OpenGameFile, AFileInPlaceOfTempFilesIsAnErrorThatLeavesEverythingAlone) {
+    platform::DelAll(folder.Disk(), folder / "Kit\\TempFiles");
+    folder.Write("Kit\\TempFiles", "mine");
+    NextFile("Track.bin", "<Top/>");
+    EXPECT_NE(tests::NumberOfError([&] { OpenRailSimFile(rig.context); }), 0);
+    EXPECT_TRUE(rig.processes.starts.empty());
+    EXPECT_EQ(folder.Read("Kit\\TempFiles"), "mine");
+    EXPECT_EQ(Game("Track.bin"), tests::GameFile("<Top/>"));
 }
 
 TEST_F(OpenGameFile, AnXmlFileIsShownInBothEditorsWithoutTheConverter) {

@@ -3,6 +3,7 @@
 #include "convert/game_rig.h"
 #include "editors/document_commands.h"
 #include "platform/expect_error.h"
+#include "platform/myfile.h"
 #include "platform/paths.h"
 #include "support/tree_text.h"
 
@@ -50,6 +51,19 @@ TEST_F(SaveGameFile, ConvertsBackAndKeepsABackup) {
     EXPECT_FALSE(rig.view.isTextModified);
     EXPECT_THAT(rig.ui.StatusLines(),
                 ElementsAre("Saved " + ForDisplay(path) + ", old content in " + ForDisplay(path + ".bak")));
+}
+
+TEST_F(SaveGameFile, WithoutTempFilesTellsAndLeavesTheGameFile) {
+    OpenNext("Track.XSec", "<Top>old</Top>");
+    rig.view.TypeText("<Top>new</Top>");
+    platform::DelAll(folder.Disk(), folder / "Kit\\TempFiles");
+    EXPECT_FALSE(SaveRailSimFile(rig.context).done);
+    EXPECT_EQ(rig.ui.Messages().size(), 1U);
+    EXPECT_TRUE(rig.processes.starts.empty());
+    EXPECT_EQ(Game("Track.XSec"), tests::GameFile("<Top>old</Top>"));
+    EXPECT_THAT(GameNames(), ElementsAre("Track.XSec"));
+    EXPECT_EQ(rig.view.EditorText(), "<Top>new</Top>");
+    EXPECT_TRUE(rig.view.isTextModified);
 }
 
 TEST_F(SaveGameFile, NumbersFurtherBackups) {

@@ -92,6 +92,29 @@ TEST(ShellWait, ReturnsZeroForAMissingProgram) {
     EXPECT_THAT(ui.Everything(), IsEmpty());
 }
 
+TEST(ShellWait, ReturnsZeroForAFileThatIsNoProgram) {
+    const tests::TempFolder folder;
+    const auto processes = MakeProcesses(folder.Disk());
+    for (const char* const bytes : {"no program at all", ""}) {
+        ScriptedUserInterface ui;
+        ProcessStart start;
+        start.commandLine = "\"" + folder.Write("picture viewer.exe", bytes) + "\" \"x.dds\"";
+        start.folder = folder.Path();
+        EXPECT_EQ(ShellWait(*processes, ui, start, true), 0.0) << bytes;
+        EXPECT_THAT(ui.Everything(), IsEmpty());
+    }
+}
+
+TEST(ShellWait, ReturnsZeroForAFolder) {
+    const tests::TempFolder folder;
+    const auto processes = MakeProcesses(folder.Disk());
+    ScriptedUserInterface ui;
+    ProcessStart start;
+    start.commandLine = "\"" + folder.MakeFolder("viewer.exe") + "\" \"x.dds\"";
+    start.folder = folder.Path();
+    EXPECT_EQ(ShellWait(*processes, ui, start, true), 0.0);
+}
+
 TEST(ShellWait, ReturnsZeroForAnEmptyCommandLine) {
     const tests::TempFolder folder;
     const auto processes = MakeProcesses(folder.Disk());

@@ -3,6 +3,7 @@
 #include "platform/myfile.h"
 #include "platform/paths.h"
 #include "support/editor_rig.h"
+#include "support/faulty_files.h"
 #include "support/memory_files.h"
 #include "text/runtime_error.h"
 
@@ -157,6 +158,18 @@ TEST_F(Options, ViewAndEditDdsFileRunTheirProgramsAndWait) {
     EXPECT_EQ(rig.processes.starts[1].commandLine, "\"C:\\paint.exe\" \"C:\\Kit\\TempFiles\\Wall.dds\"");
 }
 
+TEST_F(Options, ViewAndEditDdsFileTellNothingOfAProgramThatCannotBeStarted) {
+    rig.session.ViewerPath = "C:\\gone.exe";
+    rig.session.TextureEditorPath = "C:\\picture.exe";
+    for (const auto number : {text::ErrorNumber::FileNotFound, text::ErrorNumber::PermissionDenied}) {
+        rig.processes.run = [number](const platform::ProcessStart&) { throw text::RuntimeError(number); };
+        ViewDdsFile(rig.context);
+        EditDdsFile(rig.context);
+    }
+    EXPECT_EQ(rig.processes.starts.size(), 4U);
+    EXPECT_TRUE(rig.ui.Everything().empty());
+}
+
 TEST_F(Options, ClearScreenEmptiesTheTextAndTheFileName) {
     files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
     rig.session.TempBase = "C:\\Kit\\TempFiles\\Wall.";
@@ -192,6 +205,25 @@ TEST_F(Options, ClearTempFilesMakesAMissingFolder) {
     files.folders = {"C:\\Kit"};
     ClearTempFiles(rig.context);
     EXPECT_TRUE(files.IsFolder("C:\\Kit\\TempFiles"));
+}
+
+TEST_F(Options, ClearTempFilesDeletesReadOnlyFilesToo) {
+    files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
+    files.contents["C:\\Kit\\TempFiles\\Wall.xml"] = "text";
+    files.readOnly = {"C:\\Kit\\TempFiles\\Wall.xml"};
+    ClearTempFiles(rig.context);
+    EXPECT_TRUE(files.List("C:\\Kit\\TempFiles").empty());
+    EXPECT_TRUE(rig.ui.Everything().empty());
+}
+
+TEST_F(Options, ClearTempFilesEndsWithoutAMessageAtALockedFile) {
+    files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
+    files.contents["C:\\Kit\\TempFiles\\Wall.xml"] = "text";
+    tests::FaultyFiles locked(files, {.at = 1, .kind = tests::FaultKind::AccessDenied, .forever = true});
+    tests::EditorRig held{locked, "C:\\Kit"};
+    ClearTempFiles(held.context);
+    EXPECT_EQ(files.contents["C:\\Kit\\TempFiles\\Wall.xml"], "text");
+    EXPECT_TRUE(held.ui.Everything().empty());
 }
 
 TEST_F(Options, ClearTempFilesTellsWhenTheFolderCannotBeMade) {
@@ -230,6 +262,16 @@ TEST_F(Options, MakeGameFilesWritableTellsTheSameWhenTheCommandCannotRun) {
     EXPECT_EQ(rig.ui.MessageTexts(), std::vector<std::string>{"All files are now Read/Write"});
 }
 
+TEST_F(Options, MakeGameFilesWritableTellsWhenTempFilesIsMissing) {
+    files.folders = {"C:\\Kit"};
+    rig.session.RailSimPath = "C:\\Game";
+    MakeGameFilesWritable(rig.context);
+    EXPECT_TRUE(rig.processes.starts.empty());
+    ASSERT_EQ(rig.ui.Messages().size(), 1U);
+    EXPECT_NE(rig.ui.MessageTexts()[0], "All files are now Read/Write");
+    EXPECT_EQ(rig.ui.BusyDepth(), 0);
+}
+
 TEST_F(Options, MakeGameFilesWritableNeverRunsOnAWholeDrive) {
     files.folders = {"C:\\Kit", "C:\\Kit\\TempFiles"};
     MakeGameFilesWritable(rig.context);
@@ -242,6 +284,25 @@ TEST_F(Options, ContentsAndAboutAreShown) {
     ShowContents(rig.context);
     ShowAbout(rig.context);
     EXPECT_EQ(rig.view.calls, (std::vector<std::string>{"ShowHelp C:\\Kit\\Tamarind.chm", "ShowAbout"}));
+    EXPECT_TRUE(rig.ui.Everything().empty());
+}
+
+TEST_F(Options, ContentsTellsThatTheHelpFileIsMissing) {
+    rig.view.hasHelp = false;
+    ShowContents(rig.context);
+    ASSERT_EQ(rig.ui.Messages().size(), 1U);
+    EXPECT_EQ(rig.ui.Messages()[0].text,
+              "The help file was not found:\r\n" + platform::ForDisplay("C:\\Kit\\Tamarind.chm"));
+    EXPECT_EQ(rig.ui.Messages()[0].icon, Icon::Exclamation);
+}
+
+TEST_F(Options, ContentsTellsThatTheHelpFileCannotBeShown) {
+    files.folders = {"C:\\Kit"};
+    files.contents["C:\\Kit\\Tamarind.chm"] = "pages";
+    rig.view.hasHelp = false;
+    ShowContents(rig.context);
+    EXPECT_EQ(rig.ui.MessageTexts(), std::vector<std::string>{"The help file cannot be shown:\r\n" +
+                                                              platform::ForDisplay("C:\\Kit\\Tamarind.chm")});
 }
 
 } // namespace

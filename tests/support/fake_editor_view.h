@@ -17,6 +17,7 @@ public:
     /// "ShowHelp C:\\Kit\\Tamarind.chm", "ShowRowName nod2", "SelectRow nod2", "MarkRow nod2", "UnmarkRows",
     /// "HighlightEditorText", "ShowTextSearch", "CloseRoutes", "ShowAssets", "ShowFolderChooser", "ShowBlueprint".
     std::vector<std::string> calls;
+    bool hasHelp = true; ///< what ShowHelp answers
 
     session::Page page = session::Page::Text;
     bool isTextModified = false;
@@ -78,7 +79,10 @@ public:
     void HighlightEditorText() override { calls.emplace_back("HighlightEditorText"); }
     void ShowTextSearch() override { calls.emplace_back("ShowTextSearch"); }
     void ShowAbout() override { calls.emplace_back("ShowAbout"); }
-    void ShowHelp(const std::string& file) override { calls.push_back("ShowHelp " + file); }
+    [[nodiscard]] bool ShowHelp(const std::string& file) override {
+        calls.push_back("ShowHelp " + file);
+        return hasHelp;
+    }
 
     void EnableAttributeArea(bool enabled) override {
         isAreaEnabled = isEditingEnabled = enabled;

@@ -373,17 +373,5 @@ TEST_F(SearchDialog, IsOneAndTurnsToTheTextPage) {
     EXPECT_EQ(count, 1);
 }
 
-TEST_F(EditorWindow, ShowsTheAboutBox) {
-    Open();
-    dialogs_.UseDialog("frmAbout", [](wxDialog& dialog) {
-        EXPECT_EQ(FromWx(dialog.GetTitle()), "About Tamarind");
-        EXPECT_EQ(FromWx(dialog.FindWindow("lblTitle")->GetLabel()), "Tamarind");
-        EXPECT_EQ(FromWx(dialog.FindWindow("lblVersion")->GetLabel()), "Version 3.1.31");
-        Press(*dialog.FindWindow(wxID_OK));
-    });
-    Choose("mnuAbout");
-    EXPECT_TRUE(dialogs_.AllCame());
-}
-
 } // namespace
 } // namespace tamarind::tests

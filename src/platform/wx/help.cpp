@@ -1,46 +1,69 @@
 #include "platform/wx/help.h"
 
 #include "platform/paths.h"
-#include "platform/ui.h"
 #include "platform/wx/help_viewer.h"
+#include "platform/wx/window_icons.h"
 #include "platform/wx/wx_text.h"
 
+#include <wx/display.h>
 #include <wx/filename.h>
+#include <wx/frame.h>
 #include <wx/html/helpctrl.h>
-#include <wx/msgdlg.h>
-
-#include <memory>
+#include <wx/html/helpwnd.h>
+#include <wx/log.h>
+#include <wx/splitter.h>
 
 namespace tamarind::platform {
+
 namespace {
 
-/// The toolkit's own window, from the same pages. It stays open beside the program's windows.
-bool ShowPages(const wxString& project, wxWindow& window) {
-    if (!wxFileName::FileExists(project)) return false;
-    // One for the whole run: it owns its window.
-    static std::unique_ptr<wxHtmlHelpController> controller;
-    if (!controller) {
-        controller = std::make_unique<wxHtmlHelpController>(wxHF_DEFAULT_STYLE | wxHF_OPEN_FILES, &window);
-        if (!controller->AddBook(wxFileName(project))) {
-            controller.reset();
-            return false;
-        }
-    }
-    return controller->DisplayContents();
+constexpr int kStyle = wxHF_TOOLBAR | wxHF_CONTENTS | wxHF_INDEX | wxHF_SEARCH | wxHF_PRINT | wxHF_MERGE_BOOKS;
+/// Room for the contents and for the widest picture beside them.
+const wxSize kPageSize(780, 640);
+constexpr int kContentsLetters = 34;
+
+/// Makes the new window large enough, but no larger than the screen, and gives the contents the room for their lines.
+void Furnish(wxFrame& frame, wxHtmlHelpWindow& help) {
+    SetWindowIcons(frame);
+    const int contents = kContentsLetters * frame.GetCharWidth();
+    wxSize size = frame.FromDIP(kPageSize) + wxSize(contents, 0);
+    size.DecTo(wxDisplay(&frame).GetClientArea().GetSize());
+    frame.SetSize(size);
+    frame.CentreOnScreen();
+    help.GetSplitterWindow()->SetSashPosition(contents);
 }
 
 } // namespace
 
-void ShowHelp(wxWindow& window, const std::string& file) {
+Help::Help(wxWindow& window) : window_(window) {}
+
+Help::~Help() = default;
+
+bool Help::ShowPages(const wxString& project) {
+    if (!wxFileName::FileExists(project)) return false;
+    if (!controller_) {
+        auto controller = std::make_unique<wxHtmlHelpController>(kStyle, &window_);
+        // What is wrong with the files is told by whoever asked for them.
+        const wxLogNull quiet;
+        if (!controller->AddBook(wxFileName(project))) return false;
+        controller->SetTitleFormat("%s - Tamarind Help");
+        controller_ = std::move(controller);
+    }
+    const bool isOpen = controller_->GetHelpWindow() != nullptr;
+    if (!controller_->DisplayContents()) return false;
+    wxFrame* const frame = controller_->GetFrameParameters();
+    if (!isOpen) Furnish(*frame, *controller_->GetHelpWindow());
+    frame->Raise();
+    return true;
+}
+
+bool Help::ShowContents(const std::string& file) {
     const wxFileName native(ToWx(ToNative(file)));
-    if (native.FileExists() && ShowHelpFile(native.GetFullPath())) return;
+    if (native.FileExists() && ShowHelpFile(native.GetFullPath())) return true;
     wxFileName project(native);
     project.AppendDir("help");
-    project.SetFullName("Tamarind.hhp");
-    if (ShowPages(project.GetFullPath(), window)) return;
-    wxMessageDialog(&window, "The help file was not found:\n" + native.GetFullPath(), kApplicationTitle,
-                    wxOK | wxICON_EXCLAMATION | wxCENTRE)
-        .ShowModal();
+    project.SetExt("hhp");
+    return ShowPages(project.GetFullPath());
 }
 
 } // namespace tamarind::platform

@@ -1,6 +1,8 @@
 #include "windows/editor_window.h"
 #include "windows/system.h"
 
+#include <wx/utils.h>
+
 namespace tamarind::tests {
 
 const int kMenuKey = WXK_MENU;
@@ -15,5 +17,14 @@ int ChooseInFileBox(wxFileDialog& box, const wxString& path) {
     });
     return wxID_NONE;
 }
+
+NoHelpViewer::NoHelpViewer() {
+    wxGetEnv("PATH", &searchPath_);
+    wxSetEnv("PATH", "/nowhere");
+}
+
+NoHelpViewer::~NoHelpViewer() { wxSetEnv("PATH", searchPath_); }
+
+void NoHelpViewer::Keep(const std::string&) const {}
 
 } // namespace tamarind::tests

@@ -1,0 +1,36 @@
+# Unpacks the help file beside the programs and compares it with the sources.
+cmake_minimum_required(VERSION 3.25)
+file(REMOVE_RECURSE ${WORK})
+execute_process(COMMAND ${EXTRACT_CHM} ${CHM} ${WORK} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+
+file(GLOB_RECURSE sources RELATIVE ${SOURCE} ${SOURCE}/*)
+list(REMOVE_ITEM sources Tamarind.hhp)
+list(LENGTH sources count)
+if(count LESS 20)
+    message(FATAL_ERROR "Only ${count} files of the help were found in ${SOURCE}")
+endif()
+foreach(name ${sources})
+    execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${SOURCE}/${name} ${WORK}/${name} RESULT_VARIABLE differs)
+    if(differs)
+        message(SEND_ERROR "${name} is missing in ${CHM}, or differs")
+    endif()
+endforeach()
+
+# Files of the format itself begin with "#", "$" or "_"; nothing else may be in there.
+file(GLOB_RECURSE held RELATIVE ${WORK} ${WORK}/*)
+list(FILTER held EXCLUDE REGEX "^[#$_]")
+foreach(name ${held})
+    if(NOT name IN_LIST sources)
+        message(SEND_ERROR "${name} is in ${CHM}, but no source")
+    endif()
+endforeach()
+
+# What the viewer shows first, and as contents and index, stands as text between zero bytes.
+file(READ ${WORK}/\#SYSTEM system HEX)
+foreach(name index.html Tamarind.hhc Tamarind.hhk)
+    string(HEX ${name} bytes)
+    if(NOT system MATCHES "${bytes}00")
+        message(SEND_ERROR "${CHM} does not name ${name} as its first page, contents or index")
+    endif()
+endforeach()
+message(STATUS "${count} files compared")
