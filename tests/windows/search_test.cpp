@@ -360,7 +360,7 @@ TEST_F(EditorWindow, ShowsTheAboutBox) {
     dialogs_.UseDialog("frmAbout", [](wxDialog& dialog) {
         EXPECT_EQ(FromWx(dialog.GetTitle()), "About Tamarind");
         EXPECT_EQ(FromWx(dialog.FindWindow("lblTitle")->GetLabel()), "Tamarind");
-        EXPECT_EQ(FromWx(dialog.FindWindow("lblVersion")->GetLabel()), "Version 3.1.31");
+        EXPECT_EQ(FromWx(dialog.FindWindow("lblVersion")->GetLabel()), "Version " TAMARIND_VERSION);
         Press(*dialog.FindWindow(wxID_OK));
     });
     Choose("mnuAbout");
