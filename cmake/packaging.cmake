@@ -1,3 +1,11 @@
+# All that the packages need of a build.
+add_custom_target(package_contents)
+foreach(target tamarind tamarind-cli RouteSetup tamarind_help tamarind_icons)
+    if(TARGET ${target})
+        add_dependencies(package_contents ${target})
+    endif()
+endforeach()
+
 # What a package holds, in three parts for "cmake --install --component":
 #   program    the program's folder, wherever it will stand
 #   documents  what belongs to it for reading

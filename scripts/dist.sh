@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the packages of a release in build/dist, of the builds in build/linux and build/windows. The same commit gives
-# the same bytes: every time stamp is the commit's. With TAMARIND_SIGN_CERTIFICATE the Windows programs are signed; see
+# Makes the packages of a release in build/dist (or TAMARIND_DIST), of the builds in build/linux and build/windows. The
+# same commit gives the same bytes: every time stamp is the commit's. With TAMARIND_SIGN_CERTIFICATE the Windows programs are signed; see
 # scripts/sign.sh and docs/release.md.
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
@@ -9,7 +9,7 @@ export LC_ALL=C.UTF-8 TZ=UTC
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
 export SOURCE_DATE_EPOCH
 umask 022
-dist=$here/build/dist
+dist=${TAMARIND_DIST:-$here/build/dist}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -51,6 +51,7 @@ mkdir -p "$dist"
 
 windows=$work/Tamarind
 stage windows program "$windows"
+./scripts/chm_time.py "$windows/Tamarind.chm"
 if [ -n "${TAMARIND_SIGN_CERTIFICATE:-}" ]; then
   ./scripts/sign.sh "$windows"/*.exe
   echo "dist: signed with $TAMARIND_SIGN_CERTIFICATE"
@@ -64,8 +65,8 @@ make_zip Tamarind "$dist/tamarind-$version-windows.zip"
   "$dist/tamarind-$version-windows-setup.exe"
 
 for part in program documents desktop; do stage linux "$part" "$work/$part"; done
-# One installer for all packages, signed or not.
-cp "$windows/RouteSetup.exe" "$work/program/RouteSetup.exe"
+# One installer and one help file for all packages.
+cp "$windows/RouteSetup.exe" "$windows/Tamarind.chm" "$work/program"
 ./scripts/dist-deb.sh "$work/program" "$work/documents" "$work/desktop" "$version" "$dist"
 linux=tamarind-$version
 mkdir "$work/$linux"
