@@ -176,6 +176,8 @@ Section "Uninstall"
   !insertmacro STOP_WHILE_RUNNING
   !include "${LISTS}/uninstall.nsh"
   Delete "$INSTDIR\Uninstall.exe"
+  ; A folder cannot go while it is the current one.
+  SetOutPath "$TEMP"
   RMDir "$INSTDIR"
   Delete "${SHORTCUT}"
   !insertmacro FORGET_ASSOCIATIONS

@@ -8,11 +8,11 @@ openssl pkcs12 -export -inkey "$certificate.key" -in "$certificate.pem" -passout
   -out "$certificate.p12"
 sign_all() { # certificate
   SOURCE_DATE_EPOCH=$(date +%s) TAMARIND_DIST=$work/signed TAMARIND_SIGN_CERTIFICATE=$1 \
-    TAMARIND_SIGN_PASSWORD_FILE=$certificate.password ./scripts/dist.sh
+    TAMARIND_SIGN_PASSWORD_FILE=$certificate.password ./scripts/dist.sh | tee "$work/dist.log"
 }
 is_signed() { osslsigncode verify -CAfile "$certificate.pem" -in "$1"; }
 check "The packages are made with a certificate" sign_all "$certificate.p12"
-check "It is told that they are signed" grep -q '^dist: signed with ' "$work/said"
+check "It is told that they are signed" grep -q '^dist: signed with ' "$work/dist.log"
 signed_setup=$work/signed/$(basename "$setup")
 check "The setup is signed" is_signed "$signed_setup"
 check "The one without a certificate is not" refuses is_signed "$setup"
