@@ -1,6 +1,7 @@
 ; The setup of Tamarind for one person: into a folder of that person's, without an administrator's rights.
 ; Told on the command line of makensis: VERSION, STAGE (the folder with what is installed), LISTS (the folder with
-; install.nsh and uninstall.nsh, made of it), KILOBYTES, ICON, SIGN (signs the uninstaller), OUTPUT.
+; install.nsh and uninstall.nsh, made of it, and the picture side.bmp), KILOBYTES, ICON, SIGN (signs the uninstaller),
+; OUTPUT.
 ;
 ; Options of the finished setup:
 ;   /S                without windows
@@ -43,7 +44,7 @@ VIAddVersionKey "LegalCopyright" "MIT licence"
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
 !define MUI_ABORTWARNING
-!define MUI_COMPONENTSPAGE_SMALLDESC
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${LISTS}/side.bmp"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Tamarind.exe"
 !define MUI_FINISHPAGE_RUN_NOTCHECKED
 !insertmacro MUI_PAGE_LICENSE "${STAGE}/LICENSE.txt"
@@ -51,6 +52,8 @@ VIAddVersionKey "LegalCopyright" "MIT licence"
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
+!define MUI_UNCONFIRMPAGE_TEXT_TOP "Tamarind will be uninstalled from the following folder. Your settings, packages and \
+  other files of your own in it stay."
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
@@ -118,11 +121,11 @@ Section "Tamarind" ProgramSection
   WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
 SectionEnd
 
-Section "Entry in the start menu" StartMenuSection
+Section "Start menu entry" StartMenuSection
   CreateShortcut "${SHORTCUT}" "$INSTDIR\Tamarind.exe"
 SectionEnd
 
-Section /o "Open game files with Tamarind" AssociationsSection
+Section /o "File associations" AssociationsSection
   WriteRegStr HKCU "Software\Classes\${FILE_KIND}" "" "Rail Simulator file"
   WriteRegStr HKCU "Software\Classes\${FILE_KIND}\DefaultIcon" "" "$INSTDIR\Tamarind.exe,0"
   WriteRegStr HKCU "Software\Classes\${FILE_KIND}\shell\open" "" "Open with &Tamarind"
@@ -144,7 +147,7 @@ SectionEnd
   !insertmacro MUI_DESCRIPTION_TEXT ${ProgramSection} "The programs, their help and the blueprint templates."
   !insertmacro MUI_DESCRIPTION_TEXT ${StartMenuSection} "Tamarind in the start menu."
   !insertmacro MUI_DESCRIPTION_TEXT ${AssociationsSection} \
-    "Offers Tamarind under $\"Open with$\" for .bin, .XSec, .GeoPcDx and .TgPcDx files. What opens them now stays."
+    "Explorer offers to open these files with Tamarind: .bin .XSec .GeoPcDx .TgPcDx. What opens them by default stays."
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
 Function .onInit
