@@ -64,9 +64,11 @@ def options(rows):
 
 def commands(program, rows):
     entries = []
-    for usage, result, report in rows:
-        usage = usage.strip("`").replace("\\|", "|")
-        entry = f".TP\n\\fB{escaped(usage)}\\fR\n{escaped(purpose(program, usage))}.\n.br\n{inline(result)}"
+    for cell, result, report in rows:
+        usages = [usage.replace("\\|", "|") for usage in re.findall(r"`([^`]*)`", cell)]
+        heads = "\n.TQ\n".join(f"\\fB{escaped(usage)}\\fR" for usage in usages)
+        purposes = " ".join(dict.fromkeys(escaped(purpose(program, usage)) + "." for usage in usages))
+        entry = f".TP\n{heads}\n{purposes}\n.br\n{inline(result)}"
         entries.append(entry + (f"\n.br\n\\fB\\-\\-json\\fR: {inline(report)}" if report else ""))
     return "\n".join(entries)
 
