@@ -6,7 +6,8 @@ target_compile_definitions(tamarind_options INTERFACE TAMARIND_VERSION="${PROJEC
 if(WIN32)
     target_compile_definitions(tamarind_options INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
         _WIN32_WINNT=0x0A00)
-    target_link_options(tamarind_options INTERFACE -static -Wl,--gc-sections $<$<CONFIG:Release>:-s>)
+    # Without the time of linking: the same sources give the same program.
+    target_link_options(tamarind_options INTERFACE -static -Wl,--gc-sections,--no-insert-timestamp $<$<CONFIG:Release>:-s>)
     target_compile_options(tamarind_options INTERFACE -ffunction-sections -fdata-sections)
 endif()
 if(TAMARIND_FUZZ)

@@ -31,6 +31,8 @@ fi
 
 work=$(mktemp -d "$cache/build-XXXXXX")
 trap 'rm -rf "$work"' EXIT
+# The folder's name is chance; without this it would stand in the finished programs.
+map="-ffile-prefix-map=$work=."
 log() { echo "cross-libs: $*" >&2; }
 
 # A source list made from the machine's own binary one, kept apart from the system's.
@@ -67,7 +69,7 @@ build_wx() {
   log "wxWidgets (about eight minutes on two cores)"
   fetch wxwidgets3.2 "$(version_of libwxgtk3.2-dev)"
   mkdir "$work/wx" && cd "$work/wx"
-  CC=$host-gcc-posix CXX=$host-g++-posix CFLAGS=$optimise CXXFLAGS=$optimise \
+  CC=$host-gcc-posix CXX=$host-g++-posix CFLAGS="$optimise $map" CXXFLAGS="$optimise $map" \
     "$(echo "$work"/src/wxwidgets3.2-*/configure)" "${wx_flags[@]}" --prefix="$target" >"$work/log" 2>&1
   make -j"$jobs" >>"$work/log" 2>&1
   make install DESTDIR="$work/stage" >>"$work/log" 2>&1
@@ -77,7 +79,7 @@ cmake_build() { # name source options...
   local name=$1 source=$2
   shift 2
   cmake -S "$source" -B "$work/$name" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$here/cmake/mingw-w64.cmake" \
-    -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF -DCMAKE_INSTALL_PREFIX="$target" "$@" >>"$work/log" 2>&1
+    -DCMAKE_C_FLAGS="$map" -DCMAKE_CXX_FLAGS="$map" -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF -DCMAKE_INSTALL_PREFIX="$target" "$@" >>"$work/log" 2>&1
   cmake --build "$work/$name" >>"$work/log" 2>&1
   DESTDIR="$work/stage" cmake --install "$work/$name" >>"$work/log" 2>&1
 }

@@ -6,6 +6,7 @@
 #include "cli/route_commands.h"
 #include "platform/console.h"
 #include "platform/paths.h"
+#include "platform/program_folder.h"
 #include "session/headless_view.h"
 #include "text/search.h"
 
@@ -52,6 +53,12 @@ void ShowError(std::ostream& messages, const text::RuntimeError& error) {
     }
 }
 
+std::string ProgramFolderOf(const Arguments& arguments) {
+    if (!arguments.programFolder.empty()) return platform::FromNative(arguments.programFolder);
+    platform::PrepareProgramFolder();
+    return platform::ProgramFolder();
+}
+
 } // namespace
 
 int Run(const std::vector<std::string>& words, const platform::Platform& platform, std::istream& input,
@@ -74,8 +81,7 @@ int Run(const std::vector<std::string>& words, const platform::Platform& platfor
     Result result;
     std::optional<text::RuntimeError> error;
     try {
-        session.ProgramFolder = arguments.programFolder.empty() ? platform::ExecutableFolder()
-                                                                : platform::FromNative(arguments.programFolder);
+        session.ProgramFolder = ProgramFolderOf(arguments);
         result = RunCommand(context, arguments);
     } catch (const text::RuntimeError& caught) {
         error = caught;

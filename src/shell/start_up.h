@@ -9,7 +9,7 @@ namespace tamarind::shell {
 /// The window's caption before anything is opened.
 inline constexpr const char* kDesignCaption = "RS bin file editor and texture viewer";
 
-/// "  Version 3.1.31   Rail Simulator path in use is - " and the game folder.
+/// "  Version N.N.N   Rail Simulator path in use is - " and the game folder.
 [[nodiscard]] std::string VersionCaption(const session::Session& session);
 
 /// Which open command a file's ending selects.

@@ -18,7 +18,7 @@ using CliArguments = CliTest;
 TEST_F(CliArguments, VersionIsPrinted) {
     const Ran ran = RunWords({"--version"});
     EXPECT_EQ(ran.exitCode, 0);
-    EXPECT_EQ(ran.output, "tamarind-cli 3.1.31\n");
+    EXPECT_EQ(ran.output, "tamarind-cli " TAMARIND_VERSION "\n");
     EXPECT_EQ(ran.errors, "");
 }
 
@@ -26,7 +26,7 @@ TEST_F(CliArguments, VersionAndHelpWorkForEachCommand) {
     for (const char* command : {"open", "save", "tidy", "tree"}) {
         const Ran version = RunWords({command, "--version"});
         EXPECT_EQ(version.exitCode, 0) << command;
-        EXPECT_EQ(version.output, "tamarind-cli 3.1.31\n") << command;
+        EXPECT_EQ(version.output, "tamarind-cli " TAMARIND_VERSION "\n") << command;
         const Ran help = RunWords({command, "--help"});
         EXPECT_EQ(help.exitCode, 0) << command;
         EXPECT_THAT(help.output, HasSubstr(command));

@@ -69,7 +69,7 @@ protected:
 
 TEST_F(RouteSetupWindow, ShowsFolderModeAndWhatWillHappen) {
     Use([&] {
-        EXPECT_EQ(dialog.caption, "RouteSetup  Version 3.1.31");
+        EXPECT_EQ(dialog.caption, "RouteSetup  Version " TAMARIND_VERSION);
         EXPECT_EQ(dialog.texts[frmRouteSetup::Text1], "C:\\nowhere");
         EXPECT_EQ(dialog.texts[frmRouteSetup::Command2], "Install Route");
         EXPECT_THAT(dialog.texts[frmRouteSetup::Description], HasSubstr("Route: New Line\r\nFiles: 1, 4 bytes\r\n"));

@@ -35,7 +35,7 @@ constexpr const char* kReadOnly =
 
 // Window load.
 
-TEST(InstallerCaption, NamesTheVersion) { EXPECT_EQ(InstallerCaption(), "RouteSetup  Version 3.1.31"); }
+TEST(InstallerCaption, NamesTheVersion) { EXPECT_EQ(InstallerCaption(), "RouteSetup  Version " TAMARIND_VERSION); }
 
 TEST(InstallCaption, NamesTheMode) {
     EXPECT_EQ(InstallCaption(InstallMode::Route), "Install Route");
@@ -441,7 +441,7 @@ TEST_F(InstallAssets, LogsWhatItReplaced) {
     folder.Write("Game\\Assets\\Kuju\\RailSimulator\\BluePrints.pak", "pak");
     Run();
     EXPECT_EQ(folder.Read("P\\RouteSetup.log"),
-              "RouteSetup 3.1.31: assets\r\nGame folder: " + platform::ForDisplay(folder / "Game") +
+              "RouteSetup " TAMARIND_VERSION ": assets\r\nGame folder: " + platform::ForDisplay(folder / "Game") +
                   "\r\nEverything was done.\r\n\r\nIndexes changed: 0\r\n\r\n"
                   "Files replaced (there are no backups of them): 1\r\n  " +
                   platform::ForDisplay("Assets\\Mine\\a.bin") +

@@ -43,7 +43,8 @@ protected:
     void Start() {
         program_ =
             std::make_unique<ChildProgram>(package_ / "AssetSetup.exe", samples::Arguments{}, samples::Environment{});
-        window_ = WaitForWindow([] { return FindWindowW(L"TamarindDialog", L"RouteSetup  Version 3.1.31"); });
+        window_ =
+            WaitForWindow([] { return FindWindowW(L"TamarindDialog", L"RouteSetup  Version " TAMARIND_VERSION); });
         ASSERT_NE(window_, nullptr);
     }
     [[nodiscard]] std::string Text(int id) const { return TextOf(GetDlgItem(window_, id)); }

@@ -59,7 +59,7 @@ TEST_F(Options, SelectRailSimPathAppendsToTheCaptionEachTime) {
     rig.ui.filePaths = {"C:\\One\\RailSim.exe", "C:\\Two\\RailSim.exe"};
     SelectRailSimPath(rig.context);
     SelectRailSimPath(rig.context);
-    const std::string segment = "  Version 3.1.31   Rail Simulator path in use is - ";
+    const std::string segment = "  Version " TAMARIND_VERSION "   Rail Simulator path in use is - ";
     EXPECT_EQ(rig.view.Caption(),
               "Caption" + segment + platform::ForDisplay("C:\\One") + segment + platform::ForDisplay("C:\\Two"));
 }

@@ -23,7 +23,7 @@ constexpr const char* kDefaultExecutable = "c:\\program files\\rail simulator\\r
 constexpr const char* kDefaultFolder = "c:\\program files\\rail simulator";
 constexpr const char* kRegistryKey = "Software\\Rail Simulator\\Packager Manager\\Installation";
 constexpr const char* kCaption =
-    "RS bin file editor and texture viewer  Version 3.1.31   Rail Simulator path in use is - ";
+    "RS bin file editor and texture viewer  Version " TAMARIND_VERSION "   Rail Simulator path in use is - ";
 
 class StartUpTest : public testing::Test {
 protected:

@@ -31,7 +31,7 @@ TEST_P(Programs, NeedNoLibraryBesideThem) {
         EXPECT_TRUE(kSystemLibraries.contains(name)) << name;
 }
 
-TEST_P(Programs, CarryTheirVersion) { EXPECT_EQ(program_.FileVersion(), "3.1.31.0"); }
+TEST_P(Programs, CarryTheirVersion) { EXPECT_EQ(program_.FileVersion(), TAMARIND_VERSION ".0"); }
 
 TEST_P(Programs, CarryExactlyOneManifest) { EXPECT_THAT(program_.Resources(24), SizeIs(1)); }
 

@@ -20,7 +20,7 @@ public:
     [[nodiscard]] std::set<std::string> Imports() const;
     /// The contents of all resources of a type (RT_MANIFEST, …).
     [[nodiscard]] std::vector<std::string> Resources(std::uint16_t type) const;
-    /// "3.1.31.0" of the version resource; empty when there is none.
+    /// "N.N.N.0" of the version resource; empty when there is none.
     [[nodiscard]] std::string FileVersion() const;
     /// Bytes of the file.
     [[nodiscard]] std::uint64_t Size() const;

@@ -11,7 +11,7 @@ using platform::ForDisplay;
 using platform::FromWx;
 
 constexpr const char* kDesignCaption = "RS bin file editor and texture viewer";
-constexpr const char* kVersionPart = "  Version 3.1.31   Rail Simulator path in use is - ";
+constexpr const char* kVersionPart = "  Version " TAMARIND_VERSION "   Rail Simulator path in use is - ";
 
 class StartUp : public EditorWindow {
 protected:

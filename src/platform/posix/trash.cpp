@@ -1,5 +1,6 @@
 #include "platform/posix/trash.h"
 
+#include "platform/posix/data_home.h"
 #include "platform/posix/open_files.h"
 #include "platform/posix/system_error.h"
 
@@ -20,34 +21,13 @@
 namespace tamarind::platform {
 namespace {
 
-constexpr mode_t kOwnerOnly = 0700;
-
-std::string Variable(const char* name) {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing changes the environment
-    const char* const value = std::getenv(name);
-    return value == nullptr ? "" : value;
-}
-
-/// Makes the folder and those above it; false when that fails.
-bool MakeFolders(const std::string& folder) {
-    if (mkdir(folder.c_str(), kOwnerOnly) == 0) return true;
-    if (errno == EEXIST) return true;
-    const std::size_t slash = folder.rfind('/');
-    if (errno != ENOENT || slash == 0 || slash == std::string::npos) return false;
-    return MakeFolders(folder.substr(0, slash)) && mkdir(folder.c_str(), kOwnerOnly) == 0;
-}
-
 /// The trash folder with all that belongs in it; nothing when there is none on the disk of `device`.
 std::optional<std::string> TrashOn(dev_t device) {
-    std::string data = Variable("XDG_DATA_HOME");
-    if (!data.starts_with('/')) {
-        const std::string home = Variable("HOME");
-        if (!home.starts_with('/')) return std::nullopt;
-        data = home + "/.local/share";
-    }
+    const std::string data = DataHome();
+    if (data.empty()) return std::nullopt;
     const std::string trash = data + "/Trash";
     struct stat status = {};
-    if (!MakeFolders(trash + "/files") || !MakeFolders(trash + "/info")) return std::nullopt;
+    if (!MakeOwnFolders(trash + "/files") || !MakeOwnFolders(trash + "/info")) return std::nullopt;
     if (stat((trash + "/files").c_str(), &status) != 0 || status.st_dev != device) return std::nullopt;
     return trash;
 }
