@@ -171,7 +171,7 @@ TEST_F(HelpWindow, AboutTellsTitleVersionAndPurpose) {
             return label == nullptr ? std::string("none") : FromWx(label->GetLabelText());
         };
         EXPECT_EQ(text("lblTitle"), "Tamarind");
-        EXPECT_EQ(text("lblVersion"), "Version 3.1.31");
+        EXPECT_EQ(text("lblVersion"), "Version " TAMARIND_VERSION);
         EXPECT_NE(text("lblDescription").find("Rail Simulator"), std::string::npos);
         EXPECT_EQ(ExpectWellPlaced(about), 6); // icon, four texts, button
         Press(*about.FindWindow(wxID_OK));
