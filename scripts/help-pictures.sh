@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
 # Takes the pictures of the help's pages anew: data/help/pictures/*.gif, small ones with a palette, since the window
-# toolkit of the Windows build reads no other kind. Expects a finished build in build/linux/bin (or BIN_LINUX) and, for
-# the installer, build/windows/bin/RouteSetup.exe (the Linux build makes one too). `help-pictures.sh NAME...` takes only
-# those.
+# toolkit of the Windows build reads no other kind. Expects a finished build in build/linux/bin (or BIN_LINUX).
+# `help-pictures.sh NAME...` takes only those, FOLDER=… puts them elsewhere.
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 folder=${FOLDER:-$here/data/help/pictures}
