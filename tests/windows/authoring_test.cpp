@@ -67,7 +67,7 @@ protected:
         ASSERT_TRUE(found.IsOk()) << text;
         rows.SelectItem(found);
         rows.SetFocus();
-        wxKeyEvent key(wxEVT_KEY_DOWN);
+        wxKeyEvent key(wxEVT_CHAR_HOOK);
         key.m_keyCode = WXK_RETURN;
         rows.GetEventHandler()->ProcessEvent(key);
         Pump();
@@ -199,6 +199,22 @@ TEST_F(Authoring, GoesToTheTopOfADrive) {
         drives.GetEventHandler()->ProcessEvent(event);
         Pump();
         EXPECT_EQ(TextOf("Text1"), ForDisplay(install::RootOf(install::DriveOf(game_))));
+    });
+    Choose("mnuDevFolders");
+}
+
+TEST_F(Authoring, OpensTheFolderOfTheRowWithRealKeys) {
+    ExpectFolders([this] {
+        for (const int key : {static_cast<int>(WXK_RETURN), static_cast<int>(WXK_SPACE)}) {
+            FocusOn("Dir1");
+            wxUIActionSimulator().Char(WXK_DOWN);
+            PumpFor(milliseconds(200));
+            wxUIActionSimulator().Char(key);
+            PumpFor(milliseconds(200));
+            EXPECT_TRUE(dialog_->IsShown());
+        }
+        // From "Source" down to the first folder in it, and from there to the first in that one.
+        EXPECT_EQ(TextOf("Text1"), ForDisplay(game_ + kFern + "\\AlderVale"));
     });
     Choose("mnuDevFolders");
 }
