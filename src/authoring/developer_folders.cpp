@@ -86,8 +86,9 @@ AddOn MakeAddOn(EditorContext& context, const std::string& base) {
     MadeFolders made(files);
     try {
         made.Make(base);
+        const std::string below = base + "\\";
         for (const std::string& folder : AddOnFolders())
-            made.Make(base + "\\" + folder);
+            made.Make(below + folder);
     } catch (const RuntimeError& error) {
         TellFailure(context, made, "The add-on's folders", error);
         return AddOn::Failed;

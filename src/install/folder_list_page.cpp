@@ -54,7 +54,7 @@ wxSizer* FolderListPage::Make(wxWindow* parent, int characters, int lines, Handl
     column->Add(new wxStaticText(parent, wxID_ANY, "F&olders"), wxSizerFlags().Border(wxBOTTOM, half));
     auto* const border = new platform::BorderedPanel(parent);
     dir1_ = new wxTreeCtrl(border, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                           wxTR_SINGLE | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT | wxWANTS_CHARS | wxBORDER_NONE);
+                           wxTR_SINGLE | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT | wxBORDER_NONE);
     dir1_->SetName("Dir1");
     wxVector<wxBitmapBundle> pictures;
     pictures.push_back(wxBitmapBundle::FromIconBundle(platform::IconsFrom(drive_icon)));
@@ -73,17 +73,18 @@ void FolderListPage::BindEvents() {
         handlers_.changeDrive(static_cast<std::size_t>(drive1_->GetSelection()));
     });
     // The mouse opens a folder at once, the arrow keys walk over the rows and Enter or the space bar opens one. The
-    // list is filled anew by that, so it must wait until the list itself is done with the click.
+    // list is filled anew by that, so it must wait until the list itself is done with the click. Enter is taken before
+    // the window presses its default button; every other key does what it does in any list.
     dir1_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
         event.Skip();
         const wxTreeItemId item = dir1_->HitTest(event.GetPosition());
         if (item.IsOk()) dir1_->CallAfter([this, row = RowOf(*dir1_, item)] { handlers_.clickFolder(row); });
     });
-    dir1_->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+    dir1_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         const int key = event.GetKeyCode();
         const wxTreeItemId item = dir1_->GetSelection();
         const bool opens = key == WXK_RETURN || key == WXK_NUMPAD_ENTER || key == WXK_SPACE;
-        if (!opens || !item.IsOk()) return event.Skip();
+        if (!opens || event.HasAnyModifiers() || !item.IsOk()) return event.Skip();
         dir1_->CallAfter([this, row = RowOf(*dir1_, item)] { handlers_.clickFolder(row); });
     });
 }

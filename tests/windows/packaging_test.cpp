@@ -216,7 +216,7 @@ TEST_F(AssetPackaging, OpensTheSelectedFolderWithTheKeyboard) {
     tree.SelectItem(Folder("Fernhollow"));
     Pump();
     EXPECT_EQ(TextOf("Text1"), ForDisplay(game_ + "\\Assets")) << "the arrow keys open nothing";
-    wxKeyEvent key(wxEVT_KEY_DOWN);
+    wxKeyEvent key(wxEVT_CHAR_HOOK);
     key.SetEventObject(&tree);
     key.m_keyCode = WXK_RETURN;
     tree.GetEventHandler()->ProcessEvent(key);
