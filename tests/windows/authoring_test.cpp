@@ -412,21 +412,6 @@ TEST_F(Authoring, GivesEachLetterToOneControl) {
     }
 }
 
-TEST_F(Authoring, LeadsToConfirmWithItsLetter) {
-    bool isReached = false;
-    ExpectFolders([this, &isReached] {
-        FocusOn("Dir1");
-        wxUIActionSimulator().Char('F', wxMOD_ALT);
-        PumpFor(milliseconds(600));
-        // Wine gives the button the keyboard alone.
-        isReached = !dialog_->IsShown() || In("Command1").HasFocus();
-        if (dialog_->IsShown()) Press(In("Command1"));
-    });
-    ExpectBlueprint([] {});
-    Choose("mnuMarkN");
-    EXPECT_TRUE(isReached);
-}
-
 TEST_F(Authoring, TakesTheTabKeyThroughTheFolderWindow) {
     ExpectFolders([this] { ExpectTabOrder({"Dir1", "Text2", "Command1", "Command2"}); });
     Choose("mnuDevFolders");
