@@ -29,6 +29,7 @@ find . -mindepth 1 -type d -printf '%P\n' | sort >"$lists/folders"
 # The picture of the last page, large enough for screens of 200 %.
 rsvg-convert -w 328 -h 628 -o "$lists/side.png" "$here/../data/icons/setup.svg"
 convert-im6.q16 "$lists/side.png" -alpha off "BMP3:$lists/side.bmp"
+touch -d "@$SOURCE_DATE_EPOCH" "$lists/side.bmp" # the setup keeps the times of its files
 
 makensis -V2 -WX -DVERSION="$version" -DSTAGE="$stage" -DLISTS="$lists" -DICON="$icon" -DSIGN="$here/sign.sh" \
   -DKILOBYTES="$(du -sk --apparent-size . | cut -f1)" -DOUTPUT="$output" "$here/../data/windows/setup.nsi"
