@@ -33,6 +33,7 @@ game="$work/Rail Simulator"
 track="$game/Assets/Fernhollow/AlderVale/RailNetwork/CrossSections/Track.XSec"
 texture="$game/Assets/Fernhollow/AlderVale/RailVehicles/Diesel/Otter/Textures/Livery.TgPcDx"
 cp "$bin/serz.exe" "$bin/RouteSetup.exe" "$bin/tamarind" "$work/program/"
+cp -r "$bin/BluePrints" "$work/program/"
 
 window() { # name-pattern: waits for it
   local found=
@@ -187,6 +188,43 @@ take_scenario-editor() {
   sleep 2
   keep scenario-editor "$(window '^Scenario Editor')"
 }
+take_markers() {
+  cat >"$work/Quillmouth.kml" <<'KML'
+<kml><Document><LookAt><longitude>-1.5</longitude></LookAt>
+<Placemark><name>Alder Vale</name><Point><coordinates>-1.55,53.80,0</coordinates></Point></Placemark>
+<Placemark><name>Old Mill</name><Point><coordinates>-1.52,53.83,0</coordinates></Point></Placemark>
+<Placemark><name>Quarry Siding</name><Point><coordinates>-1.50,53.84,0</coordinates></Point></Placemark>
+<Placemark><name>Fern Halt</name><Point><coordinates>-1.47,53.87,0</coordinates></Point></Placemark>
+<Placemark><name>Quillmouth</name><Point><coordinates>-1.45,53.90,0</coordinates></Point></Placemark>
+</Document></kml>
+KML
+  start FALSE
+  choose 3 2
+  keys ctrl+l
+  xdotool type --delay 40 "$work/Quillmouth.kml"
+  keys Return
+  keep markers "$(window '^Marker File')"
+}
+take_blueprints() {
+  mkdir -p "$game/Source/Hollow/Quillmouth/RouteMarkers"
+  start FALSE
+  choose 4 1
+  window '^Select your RouteMarkers folder' >/dev/null
+  keys alt+f
+  local blueprint
+  blueprint=$(window '^BluePrint Designer')
+  xdotool type --delay 60 'Alder Vale'
+  keys Tab
+  xdotool type --delay 60 Quillmouth
+  sleep 0.5
+  keep blueprints "$blueprint"
+}
+take_folders() {
+  mkdir -p "$game/Source/Hollow"
+  start FALSE
+  choose 3 7
+  keep folders "$(window '^Select your Developer Folder')"
+}
 take_installer() {
   stop
   local package="$work/program/Alder Vale to Quillmouth"
@@ -206,5 +244,5 @@ take_installer() {
 }
 
 [ $# -gt 0 ] || set -- first-steps text-editor search tree-editor texture options about routes report package-route \
-  package-scenarios package-assets scenario-editor installer
+  package-scenarios package-assets scenario-editor markers blueprints folders installer
 for name; do "take_$name"; done
