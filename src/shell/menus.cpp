@@ -99,7 +99,7 @@ constexpr std::array kItems = {
     MenuItem{"mnuOpt", "mnuUXML", "Use XML Editor this session only", UseXmlEditor},
     MenuItem{"mnuOpt", "mnuViewer", "Viewer Path", SelectViewer},
 
-    MenuItem{"mnuHelp", "mnuContents", "Contents", ShowContents},
+    MenuItem{"mnuHelp", "mnuContents", "Contents", ShowContents, nullptr, "F1"},
     MenuItem{"mnuHelp", "mnuAbout", "About", ShowAbout},
 };
 

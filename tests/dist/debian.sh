@@ -72,12 +72,13 @@ check "The window opens" shows_window "$main_window"
 check "It closes" close_window "$main_window"
 wait
 check "The settings are the person's" is "$(in_root stat -c %U "$own/preferences.txt")" ann
+in_root mkdir -p /srv/superuser
 check "The superuser does not write into the installation either" \
-  holds "$(in_root env HOME=/root tamarind-cli --game "$game" open "$game/$track")" /root/.local/share/tamarind/
+  holds "$(in_root env HOME=/srv/superuser tamarind-cli --game "$game" open "$game/$track")" /srv/superuser/.local/share/tamarind/
 check "The installation is as it was" is "$(in_root dpkg --verify tamarind 2>&1)" ""
 check "Nothing was added to it" same_names "$(in_root find /usr/lib/tamarind)" "$library"
 
 check "apt removes it" in_root env DEBIAN_FRONTEND=noninteractive apt-get purge -yq tamarind
-in_root find / -xdev -name '*tamarind*' -not -path '/home/*' -not -path '/root/*' >"$work/after"
+in_root find / -xdev -name '*tamarind*' -not -path '/home/*' -not -path '/srv/*' >"$work/after"
 check "Nothing of it stays in the system" same_names "$(cat "$work/after")" "$(cat "$work/before")"
 check "The person's folder stays" in_root test -s "$own/preferences.txt" -a -e "$own/TempFiles"

@@ -1,4 +1,4 @@
-#include "windows/editor_window.h"
+#include "windows/keyboard.h"
 
 #include "platform/myfile.h"
 #include "platform/platform.h"
@@ -23,7 +23,7 @@ using platform::FromWx;
 using platform::ToWx;
 
 /// With a copy of the help in the program's folder, as it lies beside the tests.
-class HelpWindow : public EditorWindow {
+class HelpWindow : public Keyboard {
 protected:
     void CopyHelp(const std::string& name) {
         const std::string from = platform::ExecutableFolder() + "\\" + name;
@@ -71,6 +71,14 @@ TEST_F(HelpWindow, ShowsOurContentsAndFirstPage) {
     // The first page and two more, and five headings with three, two, four, three and three pages.
     EXPECT_EQ(entries, 23U);
     EXPECT_EQ(FromWx(help.GetHtmlWindow()->GetOpenedPageTitle()), "Welcome");
+}
+
+TEST_F(HelpWindow, OpensWithF1) {
+    CopyHelp("help");
+    Open();
+    Focus(Find("RichTextBox1"));
+    Type(WXK_F1);
+    EXPECT_TRUE(PumpUntil([] { return Shown() != nullptr; }));
 }
 
 TEST_F(HelpWindow, ShowsThePagesWithoutAHelpFile) {

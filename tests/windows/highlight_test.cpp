@@ -2,12 +2,10 @@
 
 #include <wx/stc/stc.h>
 
-#include <chrono>
+#include <ctime>
 
 namespace tamarind::tests {
 namespace {
-
-using std::chrono::steady_clock;
 
 class HighlightButton : public Keyboard {
 protected:
@@ -110,16 +108,11 @@ TEST_F(HighlightButton, ColoursALargeTextAtOnce) {
         text += "  <s:Value d:type=\"sFloat32\" d:alt_encoding=\"0000000000000000\">1435</s:Value>\r\n";
     SetText(text);
     PumpFor(milliseconds(500));
-    milliseconds best = milliseconds::max();
-    // The best of three: a busy machine makes pauses of its own.
-    for (int attempt = 0; attempt < 3 && best >= kLongest; ++attempt) {
-        const auto begin = steady_clock::now();
-        Highlight();
-        Editor().Update();
-        best = std::min(best, std::chrono::duration_cast<milliseconds>(steady_clock::now() - begin));
-    }
-    EXPECT_LT(best.count(), kLongest.count());
-    RecordProperty("HighlightMilliseconds", static_cast<int>(best.count()));
+    // Processor time where the system counts it: a busy machine makes pauses of its own.
+    const std::clock_t begin = std::clock();
+    Highlight();
+    Editor().Update();
+    EXPECT_LT(1000 * static_cast<long long>(std::clock() - begin) / CLOCKS_PER_SEC, kLongest.count());
     EXPECT_EQ(Editor().StyleGetForeground(Editor().GetStyleAt(Editor().GetLength() - 4)), wxColour(0, 0, 255));
 }
 
