@@ -9,12 +9,15 @@ clang-format --dry-run -Werror "${sources[@]}"
 mapfile -t compiled < <(printf '%s\n' "${sources[@]}" | grep '\.cpp$' | grep -Ev '/windows/|^tests/' |
   while read -r file; do grep -q "\"file\": \"$PWD/$file\"" build/linux/compile_commands.json && echo "$file"; done)
 [ ${#compiled[@]} -eq 0 ] && exit 0
-# A file that passed is not checked again until it, a header or the checks change.
-mkdir -p build/lint
-state=$(cat .clang-tidy $(git ls-files -co --exclude-standard '*.h') | sha256sum | cut -c1-16)
+# A file that passed is not checked again, in this checkout or another, until it, a header, the checks or their program
+# change: all of them take half an hour on two cores.
+export stamps=${TAMARIND_CACHE:-$HOME/.cache/tamarind}/lint
+mkdir -p "$stamps"
+find "$stamps" -type f -mtime +30 -delete
+state=$({ clang-tidy --version; cat .clang-tidy $(git ls-files -co --exclude-standard '*.h'); } | sha256sum | cut -c1-16)
 check() {
   local stamp
-  stamp=build/lint/$(echo "$2 $(sha256sum "$2")" | sha256sum | cut -c1-16)-$1
+  stamp=$stamps/$(echo "$2 $(sha256sum "$2")" | sha256sum | cut -c1-16)-$1
   [ -e "$stamp" ] && return 0
   clang-tidy -p build/linux --quiet "$2" 2>/dev/null && touch "$stamp"
 }
