@@ -80,7 +80,7 @@ XmlText::XmlText(wxWindow* parent)
     SetModEventMask(kChanges);
     UsePopUp(wxSTC_POPUP_NEVER);
     // Ctrl+L and Ctrl+T would change lines unexpectedly, Ctrl+D copies one.
-    for (const int key : {'L', 'T', 'D'})
+    for (const int key : {int{'L'}, int{'T'}, int{'D'}})
         CmdKeyClear(key, wxSTC_KEYMOD_CTRL);
     BindEvents();
 }
