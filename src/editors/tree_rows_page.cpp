@@ -348,7 +348,8 @@ void TreeRows::OnExpanding(wxTreeEvent& event) {
 
 void TreeRows::OnIdle(wxIdleEvent& event) {
     event.Skip();
-    if (filling_.empty() && expanding_.empty()) return;
+    // On Windows the editing of a name would end when the rows are frozen for more of them.
+    if (isEditing_ || (filling_.empty() && expanding_.empty())) return;
     const Guard guard(isChanging_);
     if (filling_.empty()) {
         ExpandSlice();

@@ -58,12 +58,12 @@ void XmlText::NoteFoldChange(int line, int lastLine, int addedLines) {
     if (foldKnown_ > line) foldKnown_ = std::max(line, foldKnown_ + addedLines);
     foldDirtyEnd_ = std::max(foldDirtyEnd_, lastLine + 1);
     foldFrom_ = std::min(foldFrom_, line);
-    WaitForQuiet();
 }
 
 void XmlText::OnIdle(wxIdleEvent& event) {
     event.Skip();
-    if (quiet_.IsRunning()) return;
+    // A change that is not on the screen yet starts the wait only then: a timer for each of many changes costs too much.
+    if (isMarkStale_ || quiet_.IsRunning()) return;
     const wxStopWatch watch;
     const int lines = GetLineCount();
     while (foldFrom_ < lines && watch.Time() < kSliceMilliseconds) {
