@@ -62,7 +62,8 @@ void XmlText::NoteFoldChange(int line, int lastLine, int addedLines) {
 
 void XmlText::OnIdle(wxIdleEvent& event) {
     event.Skip();
-    // A change that is not on the screen yet starts the wait only then: a timer for each of many changes costs too much.
+    // A change that is not on the screen yet starts the wait only then: a timer for each of many changes costs too
+    // much.
     if (isMarkStale_ || quiet_.IsRunning()) return;
     const wxStopWatch watch;
     const int lines = GetLineCount();

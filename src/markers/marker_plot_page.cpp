@@ -157,7 +157,8 @@ void MarkerPlotPage::OnPaint() {
 }
 
 wxBitmap MarkerPlotPage::Draw() const {
-    wxBitmap picture(std::max(GetClientSize().x, 1), std::max(GetClientSize().y, 1));
+    wxBitmap picture;
+    picture.Create(std::max(GetClientSize().x, 1), std::max(GetClientSize().y, 1));
     wxMemoryDC dc(picture);
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
     // The picture grows with the system's letters.
