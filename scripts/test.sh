@@ -15,7 +15,9 @@ build() { # preset
 
 run_tests() { # preset
   step "Test: $1"
-  ./scripts/with-display.sh ctest --test-dir "build/$1" --output-on-failure --no-tests=error
+  ./scripts/with-display.sh ctest --test-dir "build/$1" --no-tests=error && return
+  awk -f scripts/failed-tests.awk "build/$1/Testing/Temporary/LastTest.log"
+  return 1
 }
 
 build linux

@@ -24,6 +24,8 @@ constexpr int kChanges = wxSTC_MOD_INSERTTEXT | wxSTC_MOD_DELETETEXT;
 constexpr std::size_t kSpareRoom = 65536;
 constexpr std::size_t kLargestText = std::numeric_limits<int>::max();
 constexpr long kPaintPatience = 500; // milliseconds
+/// A text that is being read is painted again after so long.
+constexpr long kPaintMilliseconds = 50;
 
 constexpr int kNumberMargin = 0;
 constexpr int kFoldMargin = 1;
@@ -171,6 +173,7 @@ void XmlText::BindEvents() {
 
 void XmlText::Fill(std::size_t size, const std::function<void(const session::TextSink& take)>& write) {
     std::optional<Untracked> untracked;
+    wxStopWatch sincePaint;
     const auto begin = [&] {
         if (untracked) return;
         untracked.emplace(*this);
@@ -184,6 +187,9 @@ void XmlText::Fill(std::size_t size, const std::function<void(const session::Tex
         write([&](std::string_view piece) {
             begin();
             AppendTextRaw(piece.data(), static_cast<int>(piece.size()));
+            if (sincePaint.Time() < kPaintMilliseconds) return;
+            ShowFilled();
+            sincePaint.Start();
         });
     } catch (...) {
         if (untracked) ClearAll();
@@ -204,6 +210,13 @@ void XmlText::Fill(std::size_t size, const std::function<void(const session::Tex
     if (onChanged) onChanged();
 }
 
+// Painted without handling events: nobody can change, or replace, a text of which only a part is here.
+void XmlText::ShowFilled() {
+    FitLineNumbers();
+    Refresh();
+    Update();
+}
+
 // The control keeps its free room where the last change was, now the end, and the first key typed into a large text
 // would wait for all of it to be moved to the caret.
 void XmlText::MakeRoomAtStart() {
@@ -216,9 +229,11 @@ void XmlText::MakeRoomAtStart() {
 void XmlText::WaitForPaint() {
     wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
     const wxStopWatch watch;
-    while (loop != nullptr && !isPainted_ && IsShownOnScreen() && watch.Time() < kPaintPatience) {
-        loop->YieldFor(wxEVT_CATEGORY_ALL);
+    if (loop == nullptr) return;
+    loop->YieldFor(wxEVT_CATEGORY_ALL);
+    while (!isPainted_ && IsShownOnScreen() && watch.Time() < kPaintPatience) {
         wxMilliSleep(1);
+        loop->YieldFor(wxEVT_CATEGORY_ALL);
     }
 }
 

@@ -65,6 +65,7 @@ private:
     void SetUpMargins();
     void SetUpMarks();
     void BindEvents();
+    void ShowFilled();
     void MakeRoomAtStart();
     void FitLineNumbers();
 

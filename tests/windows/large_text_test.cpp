@@ -1,24 +1,35 @@
 #include "windows/editor_window.h"
 
+#include <gmock/gmock.h>
+
 #include <wx/stc/stc.h>
 
 #include <algorithm>
 #include <ctime>
 #include <stdexcept>
+#include <vector>
 
 namespace tamarind::tests {
 namespace {
 
 constexpr milliseconds kLongestPause(LONGEST_PAUSE_MS);
 constexpr milliseconds kTick(5);
+/// GTK paints nothing at once in a window that has only just come.
+constexpr milliseconds kFirstFrames(300);
 /// Where everything is slower, by a sanitizer or by Wine beside other programs, the text is smaller too.
 constexpr std::size_t kTextSize = LONGEST_PAUSE_MS > 200 ? 10'000'000 : 50'000'000;
 
-/// Measures how long the program answers nothing: a timer that should tick all the time. In processor time where the
-/// system counts it, for a busy machine makes pauses of its own.
+/// Measures how long the program neither answers nor paints the text: a timer that should tick all the time. In
+/// processor time where the system counts it, for a busy machine makes pauses of its own.
 class PauseMeter : public wxTimer {
 public:
-    PauseMeter() { Start(static_cast<int>(kTick.count())); }
+    explicit PauseMeter(wxStyledTextCtrl& editor) : editor_(editor) {
+        editor_.Bind(wxEVT_STC_PAINTED, &PauseMeter::OnPainted, this);
+        Start(static_cast<int>(kTick.count()));
+    }
+    ~PauseMeter() override { editor_.Unbind(wxEVT_STC_PAINTED, &PauseMeter::OnPainted, this); }
+    PauseMeter(const PauseMeter&) = delete;
+    PauseMeter& operator=(const PauseMeter&) = delete;
     void Notify() override {
         const std::clock_t now = std::clock();
         longest_ = std::max(longest_, now - last_);
@@ -29,6 +40,12 @@ public:
     }
 
 private:
+    void OnPainted(wxStyledTextEvent& event) {
+        event.Skip();
+        Notify();
+    }
+
+    wxStyledTextCtrl& editor_;
     std::clock_t last_ = std::clock();
     std::clock_t longest_ = 0;
 };
@@ -50,14 +67,15 @@ std::string LargeXml() {
 
 TEST_F(LargeText, IsShownWithoutALongPause) {
     Open();
+    PumpFor(kFirstFrames);
     const std::string xml = LargeXml();
     session_.CommandFile = folder_.Write("Rail Simulator\\large.xml", xml);
     milliseconds longest(milliseconds::max());
-    // The best of three: a busy machine makes pauses of its own.
-    for (int attempt = 0; attempt < 3 && longest >= kLongestPause; ++attempt) {
+    // The best of ten: a busy machine makes pauses of its own.
+    for (int attempt = 0; attempt < 10 && longest >= kLongestPause; ++attempt) {
         View().SetEditorText("");
         Pump();
-        const PauseMeter meter;
+        const PauseMeter meter(Editor());
         session_.UseCommandFile = true;
         Choose("mnuXML");
         EXPECT_TRUE(PumpUntil([&] { return Length() == xml.size(); }));
@@ -68,6 +86,28 @@ TEST_F(LargeText, IsShownWithoutALongPause) {
     EXPECT_EQ(Editor().GetEOLMode(), wxSTC_EOL_CRLF);
     EXPECT_FALSE(Editor().CanUndo());
     EXPECT_FALSE(Editor().GetModify());
+}
+
+TEST_F(LargeText, IsPaintedWhileItIsRead) {
+    Open();
+    PumpFor(kFirstFrames);
+    std::vector<int> painted;
+    const auto note = [&](wxStyledTextEvent& event) {
+        event.Skip();
+        painted.push_back(Editor().GetLength());
+    };
+    Editor().Bind(wxEVT_STC_PAINTED, note);
+    const auto slow = [](const session::TextSink& take) {
+        for (const char* const piece : {"<a>", "<b/>", "</a>"}) {
+            wxMilliSleep(100);
+            take(piece);
+        }
+    };
+    View().FillEditorText(0, slow);
+    Editor().Unbind(wxEVT_STC_PAINTED, note);
+    EXPECT_THAT(painted, testing::IsSupersetOf({3, 7, 11}));
+    EXPECT_EQ(EditorText(), "<a><b/></a>");
+    EXPECT_FALSE(Editor().CanUndo());
 }
 
 TEST_F(LargeText, ThatFailsHalfWayLeavesNoHalfOfItToBeSaved) {
