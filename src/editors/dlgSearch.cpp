@@ -1,6 +1,7 @@
 #include "editors/dlgSearch.h"
 
 #include "editors/xml_text_page.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/window_icons.h"
 #include "platform/wx/wx_text.h"
 
@@ -51,6 +52,8 @@ void dlgSearch::MakeControls() {
     text2_->SetToolTip("What to look for");
     text3_ = Named(new wxTextCtrl(this, wxID_ANY), "Text3");
     text3_->SetToolTip("What to put in its place");
+    for (wxTextCtrl* const box : {text2_, text3_})
+        platform::GiveLineHeight(*box);
     auto* const command4 = Named(new wxButton(this, wxID_ANY, "Find"), "Command4");
     command4->SetToolTip("Find the word in the top box, keep clicking to cycle through all instances");
     auto* const command5 = Named(new wxButton(this, wxID_ANY, "Replace"), "Command5");

@@ -1,6 +1,7 @@
 #include "editors/frmAddAttribute.h"
 
 #include "editors/tree_editor.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/wx_text.h"
 
 #include <wx/button.h>
@@ -29,6 +30,7 @@ frmAddAttribute::frmAddAttribute(wxWindow* parent, platform::UserInterface& ui)
         grid->Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CenterVertical());
         auto* const box = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(kBoxWidth, -1)));
         box->SetName(name);
+        platform::GiveLineHeight(*box);
         grid->Add(box, wxSizerFlags(1).Expand());
         return box;
     };

@@ -6,6 +6,7 @@
 #include "platform/paths.h"
 #include "platform/wx/bordered_panel.h"
 #include "platform/wx/frame_caption.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/wx_text.h"
 
 #include <wx/button.h>
@@ -76,6 +77,7 @@ wxSizer* TextPage::MakeTopRow() {
     label1->SetName("Label1");
     text1_ = new wxTextCtrl(frame1_, wxID_ANY);
     text1_->SetName("Text1");
+    platform::GiveLineHeight(*text1_);
     command1_ = new wxButton(frame1_, wxID_ANY, "Highlight XML");
     command1_->SetName("Command1");
     const int gap = FromDIP(kGap);
@@ -114,6 +116,8 @@ void TextPage::ShowTextAlone() {
 bool TextPage::IsModified() const { return richTextBox1_->GetModify(); }
 
 void TextPage::SetSaved() { richTextBox1_->SetSavePoint(); }
+
+void TextPage::TakeFocus() { richTextBox1_->SetFocus(); }
 
 void TextPage::SetFilePath(const std::string& path) { text1_->ChangeValue(ToWx(platform::ForDisplay(path))); }
 

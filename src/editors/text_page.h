@@ -53,6 +53,9 @@ public:
     /// The next match of what was searched for last; opens the dialog when nothing was.
     void FindNext();
 
+    /// The keys go to the text.
+    void TakeFocus();
+
     /// A program's path; shown as this system writes paths.
     void SetFilePath(const std::string& path);
     [[nodiscard]] std::string FilePath() const;

@@ -4,6 +4,7 @@
 #include "platform/paths.h"
 #include "platform/wx/bordered_panel.h"
 #include "platform/wx/frame_caption.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/wx_text.h"
 
 #include <wx/button.h>
@@ -97,6 +98,7 @@ wxSizer* TreePage::MakeAttributeFrame(wxWindow* box) {
     auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
     for (wxButton* button : {cmdAdd_, cmdDel_, cmdRename_})
         buttons->Add(button, wxSizerFlags(1).Border(wxRIGHT, gap));
+    platform::GiveLineHeight(*txtAttributeValue_);
     frame->Add(lblNames_, wxSizerFlags().Border(wxLEFT | wxTOP, gap));
     frame->Add(lstAttributes_, wxSizerFlags(1).Expand().Border(wxALL, gap));
     frame->Add(lblValue_, wxSizerFlags().Border(wxLEFT, gap));
@@ -129,6 +131,7 @@ wxSizer* TreePage::MakeSearchFrame(wxWindow* box) {
     };
     text2_ = Named(new wxTextCtrl(frame3, wxID_ANY), "Text2");
     text2_->SetToolTip("What to look for");
+    platform::GiveLineHeight(*text2_);
     frame->Add(text2_, wxSizerFlags().Expand().Border(wxALL, gap));
     auto* const finds = new wxBoxSizer(wxHORIZONTAL);
     finds->Add(makeButton("Find", "Command2", &TreePage::Command2_Click), wxSizerFlags(1).Border(wxRIGHT, gap));
@@ -137,6 +140,7 @@ wxSizer* TreePage::MakeSearchFrame(wxWindow* box) {
     frame->Add(finds, wxSizerFlags().Expand().Border(wxLEFT, gap));
     text3_ = Named(new wxTextCtrl(frame3, wxID_ANY), "Text3");
     text3_->SetToolTip("What to put in its place");
+    platform::GiveLineHeight(*text3_);
     frame->Add(text3_, wxSizerFlags().Expand().Border(wxALL, gap));
     auto* const replaces = new wxBoxSizer(wxHORIZONTAL);
     replaces->Add(makeButton("Replace", "Command5", &TreePage::Command5_Click), wxSizerFlags(1).Border(wxRIGHT, gap));

@@ -28,6 +28,9 @@ public:
     TreeRows(wxWindow* parent, Handlers handlers);
     ~TreeRows() override;
 
+    /// The keys go to the tree.
+    void TakeFocus();
+
     void ShowDocument(const document::Document& document);
     void Clear();
     void AddNode(const document::clsNode& node);
@@ -86,7 +89,6 @@ private:
     [[nodiscard]] const document::clsNode* NodeOf(const wxTreeItemId& row) const;
 
     void Click(const wxTreeItemId& row);
-    void TakeFocus();
 
     Handlers handlers_;
     wxTreeItemId clicked_;               ///< the row that the handlers know of

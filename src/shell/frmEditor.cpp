@@ -127,6 +127,11 @@ void frmEditor::BindEvents() {
     Bind(wxEVT_SIZE, [placed](wxSizeEvent& event) { placed(event); });
     Bind(wxEVT_MOVE, [placed](wxMoveEvent& event) { placed(event); });
     AcceptDroppedFiles();
+    // The keys of a page hold on its tab, too.
+    ssTab1_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+        wxWindow* const page = ssTab1_->HasFocus() ? ssTab1_->GetCurrentPage() : nullptr;
+        if (page == nullptr || !page->GetEventHandler()->ProcessEventLocally(event)) event.Skip();
+    });
     ssTab1_->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
         SSTab1_Click();
         event.Skip();

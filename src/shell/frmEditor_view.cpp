@@ -85,6 +85,11 @@ void frmEditor::ShowWindow() {
         });
     });
     Show();
+    if (ssTab1_->GetCurrentPage() == textPage_) {
+        textPage_->TakeFocus();
+    } else {
+        treePage_->Rows().TakeFocus();
+    }
 }
 
 void frmEditor::CloseWindow() {

@@ -275,6 +275,14 @@ TEST_F(SearchDialog, HasItsBoxesButtonsAndHints) {
     EXPECT_EQ(wxWindow::FindWindowByName("dlgSearch"), nullptr);
 }
 
+TEST_F(SearchDialog, IsOpenedByItsKeyFromTheTabOfTheText) {
+    Open();
+    Focus(Find("SSTab1"));
+    Type('F', wxMOD_CONTROL);
+    ASSERT_NE(wxWindow::FindWindowByName("dlgSearch"), nullptr);
+    EXPECT_TRUE(PumpUntil([this] { return In("Text2").HasFocus(); }));
+}
+
 TEST_F(SearchDialog, CyclesThroughAllMatches) {
     OpenText("<halt>Halt</HALT>");
     FindText("halt");

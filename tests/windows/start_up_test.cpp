@@ -27,6 +27,16 @@ TEST_F(StartUp, ShowsVersionAndGameFolderInTheCaption) {
     EXPECT_EQ(Caption(), kDesignCaption + (kVersionPart + ForDisplay(game_)));
 }
 
+TEST_F(StartUp, GivesTheKeysToTheText) {
+    Open();
+    EXPECT_TRUE(PumpUntil([this] { return Find("RichTextBox1").HasFocus(); }));
+}
+
+TEST_F(StartUp, GivesTheKeysToTheTreeWhereThatIsTheDefaultEditor) {
+    OpenWithTreeEditor();
+    EXPECT_TRUE(PumpUntil([this] { return Tree().HasFocus(); }));
+}
+
 TEST_F(StartUp, MakesTheWorkingFolder) {
     Open();
     EXPECT_TRUE(files_->IsFolder(program_ + "\\TempFiles"));

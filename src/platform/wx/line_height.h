@@ -8,7 +8,7 @@ namespace tamarind::platform {
 
 /// The height of a text box of one line, whose own idea of it does not follow the size of letters on every system.
 [[nodiscard]] inline int LineHeightOf(const wxTextCtrl& box) {
-    constexpr int kBorders = 10;
+    constexpr int kBorders = 6;
     return std::max(box.GetBestSize().y, box.GetCharHeight() + box.FromDIP(kBorders));
 }
 
