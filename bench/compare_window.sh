@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # What a person waits for: the start, a 50 MB file's text on screen, text and tree, a key, Ctrl+End. Beside scite, the
-# quickest of the editors that do the same, and an empty window; and a 20 MB file beside geany and xmlcopyeditor. compare_window.sh [FOLDER OF THE PROGRAMS], on a
-# virtual screen of its own. RUNS rounds (5), medians.
+# quickest of the editors that do the same, and an empty window; and a 20 MB file beside geany and xmlcopyeditor.
+# compare_window.sh [FOLDER OF THE PROGRAMS], on a virtual screen of its own. RUNS rounds (5), medians.
 set -euo pipefail
 export LC_ALL=C.UTF-8
 
