@@ -178,8 +178,8 @@ void frmFolder3::BindEvents() {
 
 void frmFolder3::Navigate(const std::function<void()>& command) {
     const platform::BusyPointer pointer(context_.ui);
-    command();
     ShowLine("");
+    command();
     ShowState();
 }
 

@@ -10,8 +10,8 @@
 #include "text/runtime_error.h"
 #include "text/search.h"
 
-#include <algorithm>
 #include <optional>
+#include <set>
 
 namespace tamarind::install {
 namespace {
@@ -87,7 +87,10 @@ private:
             const std::size_t next = text::FindNoCase(text, open, at + open.size());
             const std::string_view record = text.substr(at - 1, next == 0 ? std::string_view::npos : next - at);
             report_.records.push_back({KeyOf(record), EnglishNameOf(record)});
-            if (report_.records.back().id.empty()) Problem("A record of \"" + marker + "\" has no id.");
+            const std::string& id = report_.records.back().id;
+            if (id.empty()) Problem("A record of \"" + marker + "\" has no id.");
+            const bool isNew = recordIds_.insert(text::ToLower(id)).second;
+            if (!isNew && !id.empty()) Problem("\"" + marker + "\" holds more than one record of " + id + ".");
             at = next;
         }
         return true;
@@ -124,11 +127,13 @@ private:
             return;
         }
         if (list.ids.empty()) Problem("\"Scenario.yyy\" lists no scenario.");
-        for (const std::string& id : list.ids)
+        std::set<std::string> listed;
+        for (const std::string& id : list.ids) {
             VerifyListed(list.routeFolder, id);
+            listed.insert(text::ToLower(id));
+        }
         for (const PackageRecord& record : report_.records) {
-            const bool isListed = std::any_of(list.ids.begin(), list.ids.end(),
-                                              [&](const std::string& id) { return text::EqualNoCase(id, record.id); });
+            const bool isListed = listed.contains(text::ToLower(record.id));
             if (!isListed) Problem("The record of " + record.id + " is not listed in \"Scenario.yyy\".");
         }
     }
@@ -138,10 +143,7 @@ private:
             Problem("\"Scenario.yyy\" lists \"" + id + "\", which is not the name of a folder.");
             return;
         }
-        const bool hasRecord =
-            std::any_of(report_.records.begin(), report_.records.end(),
-                        [&](const PackageRecord& record) { return text::EqualNoCase(id, record.id); });
-        if (!hasRecord) Problem("\"Scenario.zzz\" holds no record of " + id + ".");
+        if (!recordIds_.contains(text::ToLower(id))) Problem("\"Scenario.zzz\" holds no record of " + id + ".");
         RequireFolder(route + "\\Scenarios\\" + id);
     }
 
@@ -160,6 +162,7 @@ private:
     const platform::Files& files_;
     const std::string& folder_;
     PackageReport report_;
+    std::set<std::string> recordIds_; ///< in small letters
 };
 
 } // namespace
