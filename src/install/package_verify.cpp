@@ -66,9 +66,7 @@ private:
     /// A marker's text; nothing, which is a problem, when it cannot be read.
     std::optional<std::string> Read(const std::string& marker) {
         try {
-            std::string text;
-            platform::ReadUniFile(files_, folder_ + "\\" + marker, text);
-            return text;
+            return ReadOwnFile(files_, folder_, marker);
         } catch (const text::RuntimeError& error) {
             Problem("\"" + marker + "\" cannot be read: " + error.Description() + ".");
             return std::nullopt;
@@ -155,6 +153,11 @@ private:
     void VerifyLeftovers() {
         for (const char* const name : {kInstallLog, kConvertedIndex}) {
             if (Has(name)) Problem(std::string("\"") + name + "\" is left over from an installation.");
+        }
+        for (const char* const name : {routes::kRouteMarker, routes::kScenarioMarker, routes::kScenarioList}) {
+            if (Has(name) && !HasOwnFile(files_, folder_, name)) {
+                Problem(std::string("\"") + name + "\" leads elsewhere; it is not read.");
+            }
         }
         if (Has("serz.exe")) Problem("The installer would run the package's own \"serz.exe\".");
     }
