@@ -12,6 +12,7 @@
 
 #include <optional>
 #include <set>
+#include <utility>
 
 namespace tamarind::install {
 namespace {
@@ -52,6 +53,12 @@ private:
         }
     }
 
+    void NameRepeated(const std::string& marker, const std::string& id) {
+        std::string sentence = "\"" + marker;
+        sentence.append("\" holds more than one record of ").append(id).append(".");
+        Problem(std::move(sentence));
+    }
+
     void RequireSetup(const std::string& name) {
         if (!Has(name)) Problem("The setup program \"" + name + "\" is missing.");
     }
@@ -88,7 +95,7 @@ private:
             const std::string& id = report_.records.back().id;
             if (id.empty()) Problem("A record of \"" + marker + "\" has no id.");
             const bool isNew = recordIds_.insert(text::ToLower(id)).second;
-            if (!isNew && !id.empty()) Problem("\"" + marker + "\" holds more than one record of " + id + ".");
+            if (!isNew && !id.empty()) NameRepeated(marker, id);
             at = next;
         }
         return true;
