@@ -6,7 +6,6 @@
 #include "platform/wx/wx_text.h"
 
 #include <wx/button.h>
-#include <wx/display.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -129,11 +128,9 @@ void frmBlue::MakeControls() {
     command2_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
     wxTextCtrl& first = *text1_[0];
     first.SetMinSize(wxSize(kCharacters * GetCharWidth(), LineHeightOf(first)));
-    wxSize roomy = outer->ComputeFittingWindowSize(this);
+    const wxSize roomy = outer->ComputeFittingWindowSize(this);
     first.SetMinSize(wxSize(kFewestCharacters * GetCharWidth(), LineHeightOf(first)));
-    platform::KeepWhole(*this);
-    roomy.DecTo(wxDisplay(this).GetClientArea().GetSize());
-    SetSize(roomy);
+    platform::OpenWithRoom(*this, roomy);
 }
 
 void frmBlue::Text1_Change(std::size_t row) {

@@ -6,7 +6,6 @@
 #include "platform/wx/wx_text.h"
 
 #include <wx/button.h>
-#include <wx/display.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -28,10 +27,6 @@ constexpr int kFewestCharacters = 34;
 constexpr int kLines = 16;
 constexpr int kFewestLines = 6;
 
-wxSize SizeOf(const wxWindow& window, int characters, int lines) {
-    return {characters * window.GetCharWidth(), lines * window.GetCharHeight()};
-}
-
 } // namespace
 
 frmFolder::frmFolder(wxWindow* parent, EditorContext& context, FolderWindow window, Owner owner)
@@ -41,17 +36,6 @@ frmFolder::frmFolder(wxWindow* parent, EditorContext& context, FolderWindow wind
     ShowState();
     folders_.Folders().SetFocus();
     CentreOnParent();
-}
-
-wxSizer* frmFolder::MakeChosen() {
-    auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(new wxStaticText(this, wxID_ANY, "Folder"),
-             wxSizerFlags().CenterVertical().Border(wxRIGHT, FromDIP(kGap)));
-    text1_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
-    text1_->SetName("Text1");
-    platform::GiveLineHeight(*text1_);
-    row->Add(text1_, wxSizerFlags(1).CenterVertical());
-    return row;
 }
 
 /// The name, for an add-on alone, and below it what is going to happen.
@@ -95,7 +79,7 @@ wxSizer* frmFolder::MakeBottom() {
 void frmFolder::MakeControls() {
     const int gap = FromDIP(kGap);
     auto* const outer = new wxBoxSizer(wxVERTICAL);
-    outer->Add(MakeChosen(), wxSizerFlags().Expand().Border(wxALL, gap));
+    outer->Add(folders_.MakePath(this), wxSizerFlags().Expand().Border(wxALL, gap));
     outer->Add(folders_.Make(this, kCharacters, kLines,
                              {.changeDrive = [this](std::size_t drive) { Drive1_Change(drive); },
                               .clickFolder = [this](std::size_t row) { Dir1_Click(row); }}),
@@ -104,11 +88,8 @@ void frmFolder::MakeControls() {
     outer->Add(MakeBottom(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
     SetSizer(outer);
     const wxSize roomy = outer->ComputeFittingWindowSize(this);
-    folders_.Folders().SetMinSize(SizeOf(*this, kFewestCharacters, kFewestLines));
-    platform::KeepWhole(*this);
-    wxSize screen = wxDisplay(this).GetClientArea().GetSize();
-    screen.DecTo(roomy);
-    SetSize(screen);
+    folders_.Folders().SetMinSize(platform::RoomFor(*this, kFewestCharacters, kFewestLines));
+    platform::OpenWithRoom(*this, roomy);
 }
 
 void frmFolder::BindEvents() {
@@ -119,8 +100,8 @@ void frmFolder::BindEvents() {
 
 void frmFolder::Navigate(const std::function<void()>& command) {
     const platform::BusyPointer pointer(context_.ui);
-    command();
     ShowLine("");
+    command();
     ShowState();
 }
 
@@ -148,8 +129,7 @@ void frmFolder::ShowHint() {
 }
 
 void frmFolder::ShowState() {
-    text1_->ChangeValue(ToWx(platform::ForDisplay(window_.Text1)));
-    text1_->SetInsertionPointEnd();
+    folders_.ShowPath(platform::ForDisplay(window_.Text1));
     folders_.ShowDrives(window_.Drives, window_.Drive1);
     folders_.ShowFolders(window_.DirRows);
     ShowHint();

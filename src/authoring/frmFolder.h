@@ -22,7 +22,6 @@ public:
 
 private:
     void MakeControls();
-    wxSizer* MakeChosen();
     wxSizer* MakeName();
     wxSizer* MakeBottom();
     void BindEvents();
@@ -43,7 +42,6 @@ private:
     session::EditorContext& context_;
     FolderWindow window_;
     install::FolderListPage folders_;
-    wxTextCtrl* text1_ = nullptr;
     wxStaticText* label1_ = nullptr;
     wxTextCtrl* text2_ = nullptr;
     wxStaticText* hint_ = nullptr;

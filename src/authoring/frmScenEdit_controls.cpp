@@ -8,7 +8,6 @@
 #include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/datectrl.h>
-#include <wx/display.h>
 #include <wx/listbox.h>
 #include <wx/listctrl.h>
 #include <wx/settings.h>
@@ -23,6 +22,7 @@
 namespace tamarind::authoring {
 
 using platform::LineHeightOf;
+using platform::RoomFor;
 using platform::ToWx;
 
 namespace {
@@ -44,10 +44,6 @@ wxString WithMnemonic(const std::string& caption, char letter) {
     std::string marked = caption;
     marked.insert(marked.find(letter), 1, '&');
     return ToWx(marked);
-}
-
-wxSize SizeOf(const wxWindow& control, int characters, int lines) {
-    return {characters * control.GetCharWidth(), lines * control.GetCharHeight()};
 }
 
 /// Cells beside each other that share what room there is beyond the least of each. (Proportions in a plain row would
@@ -79,7 +75,7 @@ wxTextCtrl* frmScenEdit::MakeText(wxWindow* parent, Field field, int characters,
     auto* const box = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                      lines > 1 ? wxTE_MULTILINE | wxTE_BESTWRAP : 0);
     box->SetName(wxString::Format("Text1(%d)", static_cast<int>(index)));
-    const wxSize size = SizeOf(*box, characters, lines);
+    const wxSize size = RoomFor(*box, characters, lines);
     box->SetMinSize(wxSize(size.x, lines > 1 ? size.y : LineHeightOf(*box)));
     text1_.at(index) = box;
     return box;
@@ -128,7 +124,7 @@ wxListBox* frmScenEdit::MakeList(wxWindow* parent, const char* name) {
     auto* const list = new wxListBox(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr,
                                      wxLB_SINGLE | wxLB_HSCROLL | wxLB_NEEDED_SB);
     list->SetName(name);
-    list->SetMinSize(SizeOf(*list, kListCharacters, kListLines));
+    list->SetMinSize(RoomFor(*list, kListCharacters, kListLines));
     return list;
 }
 
@@ -224,7 +220,7 @@ wxSizer* frmScenEdit::MakeConsists() {
     list1_ = new wxListView(consists->GetStaticBox(), wxID_ANY, wxDefaultPosition, wxDefaultSize,
                             wxLC_REPORT | wxLC_SINGLE_SEL);
     list1_->SetName("List1");
-    list1_->SetMinSize(SizeOf(*list1_, kListCharacters, kListLines));
+    list1_->SetMinSize(RoomFor(*list1_, kListCharacters, kListLines));
     list1_->AppendColumn("Name");
     list1_->AppendColumn("Driver", wxLIST_FORMAT_LEFT, kDriverCharacters * list1_->GetCharWidth());
     consists->Add(list1_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
@@ -268,16 +264,14 @@ void frmScenEdit::MakeControls() {
 
 /// It opens with room, within the screen, and can be made smaller.
 void frmScenEdit::ShrinkAndFit() {
-    wxSize roomy = GetSizer()->ComputeFittingWindowSize(this);
+    const wxSize roomy = GetSizer()->ComputeFittingWindowSize(this);
     wxTextCtrl& name = Box(Field::DisplayName);
-    name.SetMinSize(wxSize(SizeOf(*this, kFewestTextCharacters, 1).x, LineHeightOf(name)));
+    name.SetMinSize(wxSize(RoomFor(*this, kFewestTextCharacters, 1).x, LineHeightOf(name)));
     for (const Field field : {Field::Description, Field::Briefing})
-        Box(field).SetMinSize(SizeOf(*this, kFewestTextCharacters, kFewestTextLines));
+        Box(field).SetMinSize(RoomFor(*this, kFewestTextCharacters, kFewestTextLines));
     for (wxWindow* const list : std::initializer_list<wxWindow*>{dir1_, file1_, list1_, list2_})
-        list->SetMinSize(SizeOf(*this, kFewestListCharacters, kFewestListLines));
-    platform::KeepWhole(*this);
-    roomy.DecTo(wxDisplay(this).GetClientArea().GetSize());
-    SetSize(roomy);
+        list->SetMinSize(RoomFor(*this, kFewestListCharacters, kFewestListLines));
+    platform::OpenWithRoom(*this, roomy);
 }
 
 } // namespace tamarind::authoring

@@ -151,7 +151,10 @@ void AddScenarioCommands(CLI::App& app, Arguments& arguments) {
 
     auto* const drive = AddCommand(*scenario, arguments, "drive", "Let the player drive a consist, keeping a backup");
     AddScenario(drive, arguments);
-    drive->add_option("N", arguments.consist, "The consist, 0 the first, -1 none")->required()->type_name("");
+    drive->add_option("N", arguments.consist, "The consist, 0 the first, -1 none")
+        ->required()
+        ->type_name("")
+        ->check(CLI::Number); // without it an empty word would be the first one
 }
 
 void AddPackageCommands(CLI::App& app, Arguments& arguments) {

@@ -40,7 +40,8 @@ Outcome OutcomeOf(Ended ended) {
 /// The package's folder as a path of the program; nothing, and the person is told, where there is none.
 std::optional<std::string> PackageFolder(EditorContext& context, const Arguments& arguments) {
     std::string folder = platform::WithoutTrailingBackslash(platform::FromNative(arguments.file));
-    if (platform::FolderExists(context.platform.files, folder)) return folder;
+    // An empty word would be the current folder.
+    if (!arguments.file.empty() && platform::FolderExists(context.platform.files, folder)) return folder;
     context.ui.Show({.text = "There is no folder \"" + arguments.file + "\"."});
     return std::nullopt;
 }

@@ -215,7 +215,11 @@ bool ChangeDrive(EditorContext& context, AssetWindow& window, const std::string&
 
 bool ClickFolder(EditorContext& context, AssetWindow& window, std::size_t row) {
     if (row >= window.DirRows.size()) return false;
-    return SelectFolder(context, window, std::string(window.DirRows[row].path));
+    if (!SelectFolder(context, window, std::string(window.DirRows[row].path))) return false;
+    if (!routes::HoldsGameRoot(window.SourceFolder)) {
+        context.ui.ShowStatus("This folder cannot be added: its path does not contain \"Rail Simulator\".");
+    }
+    return true;
 }
 
 bool SelectFolder(EditorContext& context, AssetWindow& window, const std::string& folder) {

@@ -62,7 +62,7 @@ void LoadAssets(session::EditorContext& context, AssetWindow& window);
 // Navigation. A failure, such as a drive without a disk, is shown, and the lists stay as they were: false.
 
 bool ChangeDrive(session::EditorContext& context, AssetWindow& window, const std::string& drive);
-/// A click on a row of Dir1.
+/// A click on a row of Dir1. Why a folder cannot be added is told in the status line.
 bool ClickFolder(session::EditorContext& context, AssetWindow& window, std::size_t row);
 /// The same for any folder.
 bool SelectFolder(session::EditorContext& context, AssetWindow& window, const std::string& folder);

@@ -4,12 +4,14 @@
 #include "platform/paths.h"
 #include "platform/wx/bordered_panel.h"
 #include "platform/wx/embedded_icons.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/wx_text.h"
 
 #include <wx/bmpbndl.h>
 #include <wx/choice.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include <wx/textctrl.h>
 #include <wx/treectrl.h>
 
 #include <utility>
@@ -68,6 +70,17 @@ wxSizer* FolderListPage::Make(wxWindow* parent, int characters, int lines, Handl
     return column;
 }
 
+wxSizer* FolderListPage::MakePath(wxWindow* parent) {
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(new wxStaticText(parent, wxID_ANY, "Folder"),
+             wxSizerFlags().CenterVertical().Border(wxRIGHT, parent->FromDIP(2 * kHalfGap)));
+    text1_ = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
+    text1_->SetName("Text1");
+    platform::GiveLineHeight(*text1_);
+    row->Add(text1_, wxSizerFlags(1).CenterVertical());
+    return row;
+}
+
 void FolderListPage::BindEvents() {
     drive1_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) {
         handlers_.changeDrive(static_cast<std::size_t>(drive1_->GetSelection()));
@@ -95,6 +108,11 @@ void FolderListPage::ShowDrives(const std::vector<std::string>& drives, const st
         items.Add(Shown(drive));
     if (drive1_->GetStrings() != items) drive1_->Set(items);
     drive1_->SetStringSelection(Shown(current));
+}
+
+void FolderListPage::ShowPath(const std::string& path) {
+    text1_->ChangeValue(ToWx(path));
+    text1_->SetInsertionPointEnd();
 }
 
 void FolderListPage::ShowFolders(const std::vector<FolderRow>& rows) {

@@ -8,6 +8,7 @@
 
 class wxChoice;
 class wxSizer;
+class wxTextCtrl;
 class wxTreeCtrl;
 class wxWindow;
 
@@ -24,8 +25,12 @@ public:
 
     /// Makes the controls as children of the window, with their labels. `characters` wide and `lines` high.
     wxSizer* Make(wxWindow* parent, int characters, int lines, Handlers handlers);
+    /// Makes Text1, which shows a folder's path, and its label.
+    wxSizer* MakePath(wxWindow* parent);
     void ShowDrives(const std::vector<std::string>& drives, const std::string& current);
     void ShowFolders(const std::vector<FolderRow>& rows);
+    /// The path as the system writes it; of a long one the end is in sight.
+    void ShowPath(const std::string& path);
     [[nodiscard]] wxTreeCtrl& Folders() { return *dir1_; }
 
 private:
@@ -35,6 +40,7 @@ private:
     std::vector<FolderRow> shownRows_;
     wxChoice* drive1_ = nullptr;
     wxTreeCtrl* dir1_ = nullptr;
+    wxTextCtrl* text1_ = nullptr;
 };
 
 } // namespace tamarind::install

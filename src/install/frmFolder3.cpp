@@ -5,7 +5,6 @@
 #include "platform/wx/wx_text.h"
 
 #include <wx/button.h>
-#include <wx/display.h>
 #include <wx/listbox.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -53,10 +52,6 @@ std::vector<std::size_t> SelectedOf(const wxListBox& list) {
     return rows;
 }
 
-wxSize SizeOf(const wxWindow& window, int characters, int lines) {
-    return {characters * window.GetCharWidth(), lines * window.GetCharHeight()};
-}
-
 /// The label stands right before its control in the order of the Tab key, so that its mnemonic leads there.
 wxStaticText* MakeLabel(wxWindow* parent, const char* text) { return new wxStaticText(parent, wxID_ANY, text); }
 
@@ -100,7 +95,7 @@ wxSizer* frmFolder3::MakeFiles() {
     column->Add(text2_, wxSizerFlags().Expand().Border(wxBOTTOM, 2 * half));
     column->Add(MakeLabel(this, "F&iles"), wxSizerFlags().Border(wxBOTTOM, half));
     file1_ = MakeList("File1", wxLB_SINGLE);
-    file1_->SetInitialSize(SizeOf(*file1_, kCharactersInFiles, kLinesInFolders));
+    file1_->SetInitialSize(platform::RoomFor(*file1_, kCharactersInFiles, kLinesInFolders));
     column->Add(file1_, wxSizerFlags(1).Expand());
     return column;
 }
@@ -110,7 +105,7 @@ wxSizer* frmFolder3::MakePackage() {
     auto* const column = new wxBoxSizer(wxVERTICAL);
     column->Add(MakeLabel(this, "In the pac&kage"), wxSizerFlags().Border(wxBOTTOM, half));
     list1_ = MakeList("List1", wxLB_EXTENDED);
-    list1_->SetInitialSize(SizeOf(*list1_, kCharactersInPackage, kLinesInFolders));
+    list1_->SetInitialSize(platform::RoomFor(*list1_, kCharactersInPackage, kLinesInFolders));
     column->Add(list1_, wxSizerFlags(1).Expand());
     return column;
 }
@@ -135,13 +130,7 @@ wxSizer* frmFolder3::MakeBottom() {
 void frmFolder3::MakeControls() {
     const int gap = FromDIP(kGap);
     auto* const outer = new wxBoxSizer(wxVERTICAL);
-    auto* const top = new wxBoxSizer(wxHORIZONTAL);
-    top->Add(MakeLabel(this, "Folder"), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
-    text1_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
-    text1_->SetName("Text1");
-    platform::GiveLineHeight(*text1_);
-    top->Add(text1_, wxSizerFlags(1).CenterVertical());
-    outer->Add(top, wxSizerFlags().Expand().Border(wxALL, gap));
+    outer->Add(folders_.MakePath(this), wxSizerFlags().Expand().Border(wxALL, gap));
     auto* const columns = new wxBoxSizer(wxHORIZONTAL);
     columns->Add(folders_.Make(this, kCharactersInFolders, kLinesInFolders,
                                {.changeDrive = [this](std::size_t drive) { Drive1_Change(drive); },
@@ -163,11 +152,8 @@ void frmFolder3::MakeControls() {
     const wxSize roomy = outer->ComputeFittingWindowSize(this);
     for (wxWindow* const list :
          {static_cast<wxWindow*>(&folders_.Folders()), static_cast<wxWindow*>(file1_), static_cast<wxWindow*>(list1_)})
-        list->SetMinSize(SizeOf(*list, kFewestCharacters, kFewestLines));
-    platform::KeepWhole(*this);
-    wxSize screen = wxDisplay(this).GetClientArea().GetSize();
-    screen.DecTo(roomy);
-    SetSize(screen);
+        list->SetMinSize(platform::RoomFor(*list, kFewestCharacters, kFewestLines));
+    platform::OpenWithRoom(*this, roomy);
 }
 
 void frmFolder3::BindEvents() {
@@ -178,8 +164,8 @@ void frmFolder3::BindEvents() {
 
 void frmFolder3::Navigate(const std::function<void()>& command) {
     const platform::BusyPointer pointer(context_.ui);
-    command();
     ShowLine("");
+    command();
     ShowState();
 }
 
@@ -212,7 +198,7 @@ void frmFolder3::Command4_Click() {
 }
 
 void frmFolder3::ShowState() {
-    text1_->ChangeValue(ToWx(window_.Text1));
+    folders_.ShowPath(window_.Text1);
     folders_.ShowDrives(window_.Drives, window_.Drive1);
     folders_.ShowFolders(window_.DirRows);
     if (text2_->GetValue() != ToWx(window_.Text2)) text2_->ChangeValue(ToWx(window_.Text2));

@@ -49,7 +49,6 @@ private:
     AssetWindow window_;
     FolderListPage folders_;
     std::map<AssetControl, wxButton*> buttons_;
-    wxTextCtrl* text1_ = nullptr;
     wxTextCtrl* text2_ = nullptr;
     wxTextCtrl* text3_ = nullptr;
     wxListBox* file1_ = nullptr;

@@ -31,7 +31,9 @@ std::string FormatLog(const InstallLog& log) {
 }
 
 void WriteLog(platform::Files& files, const std::string& packageFolder, const InstallLog& log) {
-    platform::WriteSafely(files, packageFolder + "\\" + kInstallLog, text::FieldFileBytes(FormatLog(log)));
+    const std::string path = packageFolder + "\\" + kInstallLog;
+    MakeRoom(files, path);
+    platform::WriteSafely(files, path, text::FieldFileBytes(FormatLog(log)));
 }
 
 } // namespace tamarind::install

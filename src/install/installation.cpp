@@ -134,8 +134,7 @@ void Installation::PrepareRoute() {
         Refuse(Icon::Critical,
                "The file " + platform::ForDisplay(index) + "\r\ncould not be found, please check your Content folder");
     }
-    Try("The marker of the route",
-        [&] { platform::ReadUniFile(files_, package_ + "\\" + routes::kRouteMarker, record_); });
+    Try("The marker of the route", [&] { record_ = ReadOwnFile(files_, package_, routes::kRouteMarker); });
     const std::string name = EnglishNameOf(record_);
     log_.what = "route " + name;
     const std::string question =
@@ -211,7 +210,7 @@ void Installation::MergeIntoScenarios() {
     }
     const platform::BusyPointer pointer(ui_);
     if (!Try("The scenarios' records",
-             [&] { platform::ReadUniFile(files_, package_ + "\\" + routes::kScenarioMarker, scenarioRecords_); })) {
+             [&] { scenarioRecords_ = ReadOwnFile(files_, package_, routes::kScenarioMarker); })) {
         return;
     }
     const auto tryStatement = [this](const std::function<void()>& step) { return Try("The index of scenarios", step); };

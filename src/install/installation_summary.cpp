@@ -15,7 +15,7 @@ namespace {
 std::string SizeText(std::uint64_t bytes) {
     constexpr std::array kUnits = {" KB", " MB", " GB", " TB"};
     constexpr std::uint64_t kThousand = 1000;
-    if (bytes < kThousand) return std::to_string(bytes) + " bytes";
+    if (bytes < kThousand) return std::to_string(bytes) + (bytes == 1 ? " byte" : " bytes");
     std::uint64_t tenths = bytes / (kThousand / 10);
     std::size_t unit = 0;
     while (tenths >= kThousand * 10 && unit + 1 < kUnits.size()) {
@@ -26,13 +26,12 @@ std::string SizeText(std::uint64_t bytes) {
 }
 
 std::string DescribeRoute(const Installer& installer) {
-    std::string record;
     try {
-        platform::ReadUniFile(installer.platform.files, installer.packageFolder + "\\" + routes::kRouteMarker, record);
+        return "Route: " +
+               EnglishNameOf(ReadOwnFile(installer.platform.files, installer.packageFolder, routes::kRouteMarker));
     } catch (const text::RuntimeError& error) {
         return "Route: its marker cannot be read: " + error.Description();
     }
-    return "Route: " + EnglishNameOf(record);
 }
 
 std::string DescribeScenarios(const Installer& installer) {
@@ -57,7 +56,9 @@ void AddWarnings(const Installer& installer, const PackageContent& content, std:
     }
     if (!content.exists) lines.emplace_back("The package holds no folder \"Rail Simulator\".");
     if (!content.skipped.empty()) {
-        lines.push_back(std::to_string(content.skipped.size()) + " entries lead elsewhere and will be skipped.");
+        const std::size_t count = content.skipped.size();
+        lines.push_back(std::to_string(count) + (count == 1 ? " entry leads" : " entries lead") +
+                        " elsewhere and will be skipped.");
     }
     if (!LooksLikeGame(files, installer.RailSimPath)) {
         lines.emplace_back("The target does not look like the game's folder: it holds no \"RailSim.exe\".");

@@ -67,9 +67,28 @@ private:
 
 } // namespace
 
+bool HasOwnFile(const platform::Files& files, const std::string& packageFolder, const std::string& name) {
+    const std::string path = packageFolder + "\\" + name;
+    return platform::FileExists(files, path) &&
+           text::StartsWithNoCase(files.ResolveLinks(path), files.ResolveLinks(packageFolder) + "\\");
+}
+
+std::string ReadOwnFile(const platform::Files& files, const std::string& packageFolder, const std::string& name) {
+    const std::string path = packageFolder + "\\" + name;
+    if (!HasOwnFile(files, packageFolder, name)) throw RuntimeError(ErrorNumber::FileNotFound, path);
+    std::string text;
+    platform::ReadUniFile(files, path, text);
+    return text;
+}
+
+void MakeRoom(platform::Files& files, const std::string& path) {
+    while (files.EntryExists(path))
+        files.Remove(path, true);
+}
+
 InstallMode ModeOf(const platform::Files& files, const std::string& packageFolder) {
-    if (platform::FileExists(files, packageFolder + "\\" + routes::kRouteMarker)) return InstallMode::Route;
-    if (platform::FileExists(files, packageFolder + "\\" + routes::kScenarioMarker)) return InstallMode::Scenario;
+    if (HasOwnFile(files, packageFolder, routes::kRouteMarker)) return InstallMode::Route;
+    if (HasOwnFile(files, packageFolder, routes::kScenarioMarker)) return InstallMode::Scenario;
     return InstallMode::Assets;
 }
 
@@ -85,7 +104,9 @@ ScenarioList ParseScenarioList(std::string_view text) {
 ScenarioList ReadScenarioList(const platform::Files& files, const std::string& packageFolder) {
     const std::string path = packageFolder + "\\" + routes::kScenarioList;
     const auto stamp = files.Stamp(path);
-    if (!stamp) throw RuntimeError(ErrorNumber::FileNotFound, path);
+    if (!stamp || !HasOwnFile(files, packageFolder, routes::kScenarioList)) {
+        throw RuntimeError(ErrorNumber::FileNotFound, path);
+    }
     if (stamp->size > kMostListBytes) throw RuntimeError(ErrorNumber::InvalidProcedureCall, path);
     return ParseScenarioList(text::FromCodePage(platform::ReadBytes(files, path)));
 }

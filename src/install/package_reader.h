@@ -14,6 +14,19 @@ namespace tamarind::install {
 inline constexpr const char* kInstallLog = "RouteSetup.log";    ///< of the package folder, made by the installer
 inline constexpr const char* kConvertedIndex = "Scenarios.xml"; ///< made by the installer
 
+/// Whether the package has a file of that name. A link that leads out of the package is none: what lies outside is
+/// never read.
+[[nodiscard]] bool HasOwnFile(const platform::Files& files, const std::string& packageFolder, const std::string& name);
+
+/// The text of one of the package's own files. Throws FileNotFound when it has none, and what reading throws.
+[[nodiscard]] std::string ReadOwnFile(const platform::Files& files, const std::string& packageFolder,
+                                      const std::string& name);
+
+/// Makes room for a file that the installer writes into the package's folder: whatever bears its name, in any letter
+/// case, goes. A package may bring a link under that name, through which a stranger's file would be overwritten.
+/// Throws what removing throws.
+void MakeRoom(platform::Files& files, const std::string& path);
+
 enum class InstallMode : std::int16_t { Route = 1, Scenario = 2, Assets = 3 };
 
 /// The kind of a package, by the markers in its folder: a route's comes before those of scenarios.

@@ -10,8 +10,9 @@
 #include "text/runtime_error.h"
 #include "text/search.h"
 
-#include <algorithm>
 #include <optional>
+#include <set>
+#include <utility>
 
 namespace tamarind::install {
 namespace {
@@ -52,6 +53,12 @@ private:
         }
     }
 
+    void NameRepeated(const std::string& marker, const std::string& id) {
+        std::string sentence = "\"" + marker;
+        sentence.append("\" holds more than one record of ").append(id).append(".");
+        Problem(std::move(sentence));
+    }
+
     void RequireSetup(const std::string& name) {
         if (!Has(name)) Problem("The setup program \"" + name + "\" is missing.");
     }
@@ -66,9 +73,7 @@ private:
     /// A marker's text; nothing, which is a problem, when it cannot be read.
     std::optional<std::string> Read(const std::string& marker) {
         try {
-            std::string text;
-            platform::ReadUniFile(files_, folder_ + "\\" + marker, text);
-            return text;
+            return ReadOwnFile(files_, folder_, marker);
         } catch (const text::RuntimeError& error) {
             Problem("\"" + marker + "\" cannot be read: " + error.Description() + ".");
             return std::nullopt;
@@ -87,7 +92,10 @@ private:
             const std::size_t next = text::FindNoCase(text, open, at + open.size());
             const std::string_view record = text.substr(at - 1, next == 0 ? std::string_view::npos : next - at);
             report_.records.push_back({KeyOf(record), EnglishNameOf(record)});
-            if (report_.records.back().id.empty()) Problem("A record of \"" + marker + "\" has no id.");
+            const std::string& id = report_.records.back().id;
+            if (id.empty()) Problem("A record of \"" + marker + "\" has no id.");
+            const bool isNew = recordIds_.insert(text::ToLower(id)).second;
+            if (!isNew && !id.empty()) NameRepeated(marker, id);
             at = next;
         }
         return true;
@@ -124,11 +132,13 @@ private:
             return;
         }
         if (list.ids.empty()) Problem("\"Scenario.yyy\" lists no scenario.");
-        for (const std::string& id : list.ids)
+        std::set<std::string> listed;
+        for (const std::string& id : list.ids) {
             VerifyListed(list.routeFolder, id);
+            listed.insert(text::ToLower(id));
+        }
         for (const PackageRecord& record : report_.records) {
-            const bool isListed = std::any_of(list.ids.begin(), list.ids.end(),
-                                              [&](const std::string& id) { return text::EqualNoCase(id, record.id); });
+            const bool isListed = listed.contains(text::ToLower(record.id));
             if (!isListed) Problem("The record of " + record.id + " is not listed in \"Scenario.yyy\".");
         }
     }
@@ -138,10 +148,7 @@ private:
             Problem("\"Scenario.yyy\" lists \"" + id + "\", which is not the name of a folder.");
             return;
         }
-        const bool hasRecord =
-            std::any_of(report_.records.begin(), report_.records.end(),
-                        [&](const PackageRecord& record) { return text::EqualNoCase(id, record.id); });
-        if (!hasRecord) Problem("\"Scenario.zzz\" holds no record of " + id + ".");
+        if (!recordIds_.contains(text::ToLower(id))) Problem("\"Scenario.zzz\" holds no record of " + id + ".");
         RequireFolder(route + "\\Scenarios\\" + id);
     }
 
@@ -154,12 +161,18 @@ private:
         for (const char* const name : {kInstallLog, kConvertedIndex}) {
             if (Has(name)) Problem(std::string("\"") + name + "\" is left over from an installation.");
         }
+        for (const char* const name : {routes::kRouteMarker, routes::kScenarioMarker, routes::kScenarioList}) {
+            if (Has(name) && !HasOwnFile(files_, folder_, name)) {
+                Problem(std::string("\"") + name + "\" leads elsewhere; it is not read.");
+            }
+        }
         if (Has("serz.exe")) Problem("The installer would run the package's own \"serz.exe\".");
     }
 
     const platform::Files& files_;
     const std::string& folder_;
     PackageReport report_;
+    std::set<std::string> recordIds_; ///< in small letters
 };
 
 } // namespace

@@ -39,7 +39,7 @@ private:
 
     bool ConvertToText() {
         // An earlier result must not pass for this one.
-        if (files_.EntryExists(xml_) && !try_([&] { files_.Remove(xml_); })) return false;
+        if (!try_([&] { MakeRoom(files_, xml_); })) return false;
         platform::ConvertToXml(merge_.platform.processes, merge_.ui, Folders(), index_, xml_);
         return platform::FileExists(files_, xml_);
     }

@@ -1,6 +1,7 @@
 #include "routes/frmDelRoute.h"
 
 #include "platform/wx/fixed_pitch.h"
+#include "platform/wx/line_height.h"
 #include "platform/wx/smallest_size.h"
 #include "platform/wx/wx_text.h"
 #include "routes/assets.h"
@@ -14,7 +15,6 @@
 #include "routes/stock.h"
 
 #include <wx/button.h>
-#include <wx/display.h>
 #include <wx/listbox.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -45,10 +45,6 @@ wxString WithMnemonic(const std::string& caption, char letter) {
     std::string marked = caption;
     if (letter != 0) marked.insert(marked.find(letter), 1, '&');
     return ToWx(marked);
-}
-
-wxSize SizeOf(const wxListBox& list, int characters, int lines) {
-    return {characters * list.GetCharWidth(), lines * list.GetCharHeight()};
 }
 
 std::vector<std::size_t> SelectedOf(const wxListBox& list) {
@@ -94,7 +90,7 @@ frmDelRoute::Column frmDelRoute::MakeColumn(const wxString& label, const char* n
                                      style | wxLB_HSCROLL | wxLB_NEEDED_SB);
     list->SetName(name);
     list->SetFont(platform::FixedPitch(*this));
-    list->SetInitialSize(SizeOf(*list, kCharactersInList, kLinesInList));
+    list->SetInitialSize(platform::RoomFor(*list, kCharactersInList, kLinesInList));
     sizer->Add(list, wxSizerFlags(1).Expand());
     return {sizer, list};
 }
@@ -182,11 +178,8 @@ void frmDelRoute::MakeControls() {
     const wxSize roomy = outer->ComputeFittingWindowSize(this);
     outer->Show(file1_.sizer, true, true);
     for (wxListBox* const list : {list1_, list2_, list3_, list4_, file1_.list})
-        list->SetMinSize(SizeOf(*list, kFewestCharacters, kFewestLines));
-    platform::KeepWhole(*this);
-    wxSize screen = wxDisplay(this).GetClientArea().GetSize();
-    screen.DecTo(roomy);
-    SetSize(screen);
+        list->SetMinSize(platform::RoomFor(*list, kFewestCharacters, kFewestLines));
+    platform::OpenWithRoom(*this, roomy);
 }
 
 void frmDelRoute::BindEvents() {

@@ -150,6 +150,14 @@ TEST_F(CliInstall, NeedsAPackage) {
     EXPECT_THAT(ran.errors, HasSubstr("There is no folder"));
 }
 
+TEST_F(CliInstall, TakesNoEmptyWordForTheCurrentFolder) {
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"install", ""}, {"package", "verify", ""}}) {
+        const Ran ran = Run(words);
+        EXPECT_EQ(ran.exitCode, 1);
+        EXPECT_THAT(ran.errors, HasSubstr("There is no folder \"\"."));
+    }
+}
+
 TEST_F(CliInstall, VerifyReportsAWholePackage) {
     MakeRoutePackage(package_);
     PutFile(package_ / "RouteSetup.exe", "MZ");

@@ -176,6 +176,11 @@ TEST_F(ScenarioCli, RefusesAConsistThatIsNotThere) {
     EXPECT_FALSE(fs::exists(Scenario().parent_path() / "Scenario.bak"));
 }
 
+TEST_F(ScenarioCli, TakesNoEmptyWordForTheFirstConsist) {
+    EXPECT_EQ(Run({"scenario", "drive", kAlder, kMilk, ""}).exitCode, 2);
+    EXPECT_FALSE(fs::exists(Scenario().parent_path() / "Scenario.bak"));
+}
+
 // The converter takes no markup that is not whole.
 TEST_F(ScenarioCli, PutsTheOldIndexBackWhenTheConverterWritesNothing) {
     const std::string index = ReadFile(Route() / "Scenarios.bin");

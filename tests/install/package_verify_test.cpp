@@ -54,8 +54,20 @@ TEST_F(Verify, NamesAMissingSetupProgram) {
 
 TEST_F(Verify, NamesSeveralRecordsInARoutesMarker) {
     MakeWholeRoute();
-    folder.Write("P\\Route_Setup.xxx", std::string(tests::kRouteRecord) + tests::kRouteRecord);
+    folder.Write(
+        "P\\Route_Setup.xxx",
+        std::string(tests::kRouteRecord) +
+            "<cRouteProperties><DevString>old-route</DevString><English>Old Line</English></cRouteProperties>\r\n");
+    folder.MakeFolder("P\\Rail Simulator\\Content\\Routes\\old-route");
     EXPECT_THAT(Problems(), ElementsAre("\"Route_Setup.xxx\" holds more than one record."));
+}
+
+// Installed, it would stand in the index twice.
+TEST_F(Verify, NamesARecordThatIsThereTwice) {
+    MakeWholeScenario();
+    folder.Write("P\\Scenario.zzz", std::string(tests::kScenarioRecord) + tests::kScenarioRecord);
+    EXPECT_THAT(Problems(),
+                ElementsAre("\"Scenario.zzz\" holds more than one record of " + std::string(tests::kScenarioId) + "."));
 }
 
 TEST_F(Verify, NamesARecordThatIsCutOff) {

@@ -210,6 +210,14 @@ TEST_F(AssetPackaging, GoesIntoAClickedFolderAndListsItsFiles) {
     EXPECT_EQ(Folders().back(), "HarbourSet");
 }
 
+TEST_F(AssetPackaging, SaysWhyAClickedFolderCannotBeAdded) {
+    OpenAssets();
+    ClickFolder(Folders().front());
+    EXPECT_EQ(FromWx(In<wxStaticText>(*assets_, "StatusLine").GetLabelText()),
+              "This folder cannot be added: its path does not contain \"Rail Simulator\".");
+    EXPECT_FALSE(Of("Command1").IsEnabled());
+}
+
 TEST_F(AssetPackaging, OpensTheSelectedFolderWithTheKeyboard) {
     OpenAssets();
     wxTreeCtrl& tree = Of<wxTreeCtrl>("Dir1");

@@ -65,6 +65,9 @@ public:
         if (options.discardOutput) {
             Keep(posix_spawn_file_actions_addopen(&actions_, 1, "/dev/null", O_WRONLY, 0));
             Keep(posix_spawn_file_actions_adddup2(&actions_, 1, 2));
+        } else {
+            // What it says must not get into this program's results.
+            Keep(posix_spawn_file_actions_adddup2(&actions_, 2, 1));
         }
         if (!options.folder.empty()) {
             Keep(posix_spawn_file_actions_addchdir_np(&actions_, options.folder.c_str()));

@@ -15,4 +15,9 @@ namespace tamarind::platform {
 /// Makes a box of one line so high.
 inline void GiveLineHeight(wxTextCtrl& box) { box.SetMinSize(wxSize(box.GetMinSize().x, LineHeightOf(box))); }
 
+/// The room that so many characters of usual width in so many lines take in a window's font.
+[[nodiscard]] inline wxSize RoomFor(const wxWindow& window, int characters, int lines) {
+    return {characters * window.GetCharWidth(), lines * window.GetCharHeight()};
+}
+
 } // namespace tamarind::platform

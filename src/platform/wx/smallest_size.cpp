@@ -1,5 +1,6 @@
 #include "platform/wx/smallest_size.h"
 
+#include <wx/display.h>
 #include <wx/sizer.h>
 #include <wx/toplevel.h>
 
@@ -12,6 +13,13 @@ void KeepWhole(wxTopLevelWindow& window) {
         if (event.IsShown()) window.CallAfter(keep);
         event.Skip();
     });
+}
+
+void OpenWithRoom(wxTopLevelWindow& window, const wxSize& roomy) {
+    KeepWhole(window);
+    wxSize size = wxDisplay(&window).GetClientArea().GetSize();
+    size.DecTo(roomy);
+    window.SetSize(size);
 }
 
 } // namespace tamarind::platform

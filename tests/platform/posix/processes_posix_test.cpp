@@ -111,13 +111,21 @@ TEST_F(ProcessesTest, GivesNoInput) {
 }
 
 TEST_F(ProcessesTest, DiscardsTheOutputOfHiddenOnesOnly) {
-    Script("tools\\says", "echo visible\n");
+    Script("tools\\says", "echo visible; echo wrong >&2\n");
+    testing::internal::CaptureStderr();
+    Run("says", WindowStyle::Hidden);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    testing::internal::CaptureStderr();
+    Run("says", WindowStyle::NormalFocus);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "visible\nwrong\n");
+}
+
+TEST_F(ProcessesTest, KeepsTheirOutputOutOfTheProgramsOwn) {
+    Script("tools\\says", "echo said\n");
     testing::internal::CaptureStdout();
     Run("says", WindowStyle::Hidden);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    testing::internal::CaptureStdout();
     Run("says", WindowStyle::NormalFocus);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "visible\n");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 
 TEST_F(ProcessesTest, StopEndsWhatTheProgramStartedToo) {
