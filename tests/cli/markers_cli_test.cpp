@@ -138,6 +138,18 @@ TEST_F(CliMarkers, DoesNotPutThePictureInThePlaceOfTheListOrTheInput) {
     }
 }
 
+TEST_F(CliMarkers, KnowsTheListAndTheInputInOtherSpellings) {
+    fs::create_directory(Path("Maps"));
+    for (const char* place :
+         {"./Places.csv", "Maps/../Places.csv", "PLACES.CSV", "./Places.kml", "Maps/../Places.kml", "places.KML"}) {
+        const Ran ran = RunWords({"markers", "Places.kml", "Places.csv", "--plot", place}, {}, folder_);
+        EXPECT_EQ(ran.exitCode, 1) << place;
+        EXPECT_EQ(ran.errors, std::string("The picture would take the place of ") + place + ". Nothing was written.\n");
+        EXPECT_EQ(ReadFile(in_), kPlaces) << place;
+        EXPECT_FALSE(fs::exists(out_)) << place;
+    }
+}
+
 TEST_F(CliMarkers, WrongUsageIsTold) {
     EXPECT_EQ(RunWords({"markers"}).exitCode, 2);
     EXPECT_EQ(RunWords({"markers", "a.kml"}).exitCode, 2);
