@@ -134,21 +134,28 @@ public:
         constexpr double kAway = 10;
         const double width = WidthOf(text);
         const double beside = marker.y - kPlotTextHeight / 2;
-        const double centred = marker.x - width / 2;
-        const std::array<PlotPoint, 4> corners = {{{marker.x + kAway, beside},
-                                                   {marker.x - kAway - width, beside},
-                                                   {centred, marker.y - kAway - kPlotTextHeight},
-                                                   {centred, marker.y + kAway}}};
-        for (const PlotPoint& from : corners) {
+        // Held at the side of the marker, since the width is a guess.
+        const std::array<Place, 4> places = {{{{marker.x + kAway, beside}, 0},
+                                              {{marker.x - kAway, beside}, 1},
+                                              {{marker.x, marker.y - kAway - kPlotTextHeight}, 0.5},
+                                              {{marker.x, marker.y + kAway}, 0.5}}};
+        for (const Place& place : places) {
+            const PlotPoint from{place.at.x - place.before * width, place.at.y};
             const PlotPoint to{from.x + width, from.y + kPlotTextHeight};
             if (!IsInMap(from, to) || !taken_.AreFree(from, to)) continue;
             taken_.Take(from, to);
-            plot_.labels.push_back({{from.x, to.y - 2}, text});
+            plot_.labels.push_back({{place.at.x, to.y - 2}, text, place.before});
             return;
         }
     }
 
 private:
+    /// On the upper edge of a text, so much of which is left of it.
+    struct Place {
+        PlotPoint at;
+        double before;
+    };
+
     [[nodiscard]] bool IsInMap(PlotPoint from, PlotPoint to) const {
         return from.x >= plot_.mapFrom.x && from.y >= plot_.mapFrom.y && to.x <= plot_.mapTo.x &&
                to.y <= plot_.mapTo.y - kBand;

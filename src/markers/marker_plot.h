@@ -23,10 +23,11 @@ struct PlotSpot {
     std::string name; ///< for people; empty where there is none
 };
 
-/// A text whose line begins at a point and stands on it.
+/// A text that stands on a line through a point.
 struct PlotLabel {
     PlotPoint at;
     std::string text;
+    double before = 0; ///< how much of the text is left of the point, 0 to 1
 };
 
 struct MarkerPlot {

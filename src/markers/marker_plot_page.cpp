@@ -106,7 +106,7 @@ public:
 
     void Names(const std::vector<PlotLabel>& labels) {
         for (const PlotLabel& label : labels)
-            Text(label.at, label.text, 0);
+            Text(label.at, label.text, label.before);
     }
 
     void Remarks(const MarkerPlot& plot) {

@@ -7,6 +7,7 @@ namespace tamarind::markers {
 namespace {
 
 using testing::AllOf;
+using testing::ContainsRegex;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
@@ -42,6 +43,13 @@ TEST(MarkerSvg, HoldsNamesStartEndScaleAndNorth) {
     EXPECT_THAT(svg, HasSubstr(">Northernmost: 4.0000° N</text>"));
     EXPECT_THAT(svg, HasSubstr("<title>Halt</title>"));
     EXPECT_EQ(Count(svg, "r=\"3\""), 3U);
+}
+
+TEST(MarkerSvg, HoldsEachNameAtItsMarkersSide) {
+    // The map is 352 pixels wide, 16 of them free on each side: the markers stand at 40 and 360, names 10 beside them.
+    const std::string svg = SvgOf("1,50,West\r\n3,50,East\r\n");
+    EXPECT_THAT(svg, ContainsRegex("<text x=\"50.0\" y=\"[0-9.]+\" text-anchor=\"start\">Start: West</text>"));
+    EXPECT_THAT(svg, ContainsRegex("<text x=\"350.0\" y=\"[0-9.]+\" text-anchor=\"end\">End: East</text>"));
 }
 
 TEST(MarkerSvg, DrawsALineThroughAPath) {
