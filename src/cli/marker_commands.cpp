@@ -31,6 +31,17 @@ bool LeadToOneFile(const platform::Files& files, const std::string& a, const std
     return text::EqualNoCase(Target(files, a), Target(files, b));
 }
 
+/// What would be lost, as a sentence; empty for nothing.
+std::string Loss(const platform::Files& files, const Arguments& arguments) {
+    if (LeadToOneFile(files, arguments.output, arguments.file)) {
+        return "The list would take the place of " + arguments.output + ".";
+    }
+    if (arguments.plot.empty()) return {};
+    const bool takesPlace =
+        LeadToOneFile(files, arguments.plot, arguments.output) || LeadToOneFile(files, arguments.plot, arguments.file);
+    return takesPlace ? "The picture would take the place of " + arguments.plot + "." : "";
+}
+
 void WritePlot(EditorContext& context, const markers::MarkerList& list, const std::string& file) {
     const std::string svg = markers::PlotSvg(markers::PlotMarkers(list, kPlotWidth, kPlotHeight));
     platform::WriteSafely(context.platform.files, platform::FromNative(file), svg);
@@ -40,9 +51,9 @@ void WritePlot(EditorContext& context, const markers::MarkerList& list, const st
 
 Result ConvertMarkers(EditorContext& context, const Arguments& arguments) {
     auto& files = context.platform.files;
-    if (!arguments.plot.empty() && (LeadToOneFile(files, arguments.plot, arguments.output) ||
-                                    LeadToOneFile(files, arguments.plot, arguments.file))) {
-        context.ui.Show({.text = "The picture would take the place of " + arguments.plot + ". Nothing was written."});
+    const std::string loss = Loss(files, arguments);
+    if (!loss.empty()) {
+        context.ui.Show({.text = loss + " Nothing was written."});
         return {Outcome::Failed};
     }
     const auto list = markers::ReadMarkerFile(context, platform::FromNative(arguments.file));

@@ -139,6 +139,15 @@ TEST_F(CliMarkers, DoesNotPutThePictureInThePlaceOfTheListOrTheInput) {
     }
 }
 
+TEST_F(CliMarkers, DoesNotPutTheListInThePlaceOfTheInput) {
+    for (const char* place : {"Places.kml", "./Places.kml"}) {
+        const Ran ran = RunWords({"markers", Utf8(in_), place}, {}, folder_);
+        EXPECT_EQ(ran.exitCode, 1) << place;
+        EXPECT_EQ(ran.errors, std::string("The list would take the place of ") + place + ". Nothing was written.\n");
+        EXPECT_EQ(ReadFile(in_), kPlaces) << place;
+    }
+}
+
 TEST_F(CliMarkers, KnowsTheListAndTheInputInOtherSpellings) {
     fs::create_directory(Path("Maps"));
     for (const char* place :
