@@ -124,7 +124,7 @@ wxSizer* dlgMarkers::MakePanes(const MarkerList& list) {
 wxSizer* dlgMarkers::MakeBottom() {
     skip_ = new wxCheckBox(this, wxID_ANY, "Save &without this picture until the program is started again");
     skip_->SetName("chkSkip");
-    auto* const save = new wxButton(this, wxID_SAVE, "&Save Marker File...");
+    auto* const save = new wxButton(this, wxID_SAVE, ToWx("&Save Marker File…"));
     save->SetName("cmdSave");
     save->SetDefault();
     auto* const cancel = new wxButton(this, wxID_CANCEL, "Cancel");

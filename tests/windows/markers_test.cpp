@@ -74,6 +74,8 @@ TEST_F(Markers, AreShownAsListAndPictureAndThenSaved) {
         EXPECT_EQ(text(0, 2), "53.8");
         EXPECT_EQ(text(0, 3), "Old_Mill");
         EXPECT_EQ(text(1, 3), "Quarry");
+        EXPECT_EQ(FromWx(wxControl::GetLabelText(dialog.FindWindow("cmdSave")->GetLabel())), "Save Marker File…");
+        EXPECT_EQ(FromWx(wxControl::GetLabelText(dialog.FindWindow("cmdCancel")->GetLabel())), "Cancel");
         wxWindow& plot = *dialog.FindWindow("MarkerPlot");
         // The first marker's ring and the last one's square.
         EXPECT_TRUE(PumpUntil([&plot] {
