@@ -15,7 +15,6 @@
 namespace tamarind::markers {
 namespace {
 
-constexpr double kSmallestSide = 160; // of a picture; less would leave no room for a map
 constexpr double kMargin = 24;
 constexpr double kLineHeight = 16; // of texts below each other
 constexpr double kPadding = 16;    // between the frame and the outermost markers
@@ -244,8 +243,8 @@ std::string DegreesText(double degrees, char positive, char negative) {
 MarkerPlot PlotMarkers(const MarkerList& list, double width, double height) {
     const Positions positions = PositionsOf(list);
     MarkerPlot plot;
-    plot.width = std::max(width, kSmallestSide);
-    plot.height = std::max(height, kSmallestSide);
+    plot.width = std::max(width, kSmallestPlot);
+    plot.height = std::max(height, kSmallestPlot);
     plot.remarks = RemarksOn(positions);
     const auto remarkLines = static_cast<double>(plot.remarks.size());
     plot.mapFrom = {kMargin, kMargin};

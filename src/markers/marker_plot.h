@@ -51,7 +51,9 @@ struct MarkerPlot {
 
 inline constexpr double kPlotTextHeight = 12; ///< pixels, of all texts
 
-/// A picture of at least 160 pixels each way.
+inline constexpr double kSmallestPlot = 160; ///< pixels each way; less would leave no room for a map
+
+/// A picture of at least that size.
 [[nodiscard]] MarkerPlot PlotMarkers(const MarkerList& list, double width, double height);
 
 } // namespace tamarind::markers

@@ -140,6 +140,30 @@ TEST_F(Markers, FitIntoTheirWindowAtItsSmallest) {
     Choose("mnuMarker");
 }
 
+TEST_F(Markers, HaveTheirOutermostDegreesBelowTheMapInAWindowAtItsSmallest) {
+    Open();
+    ChooseInput(kHalts);
+    dialogs_.UseDialog("dlgMarkers", [](wxDialog& dialog) {
+        PumpFor(milliseconds(200));
+        dialog.SetSize(dialog.GetMinSize());
+        PumpFor(milliseconds(300));
+        wxWindow& plot = *dialog.FindWindow("MarkerPlot");
+        const wxImage picture = Picture(plot);
+        // The map's frame ends a seventh above the smallest picture's foot; the texts stand between the two.
+        const int below = picture.GetHeight() - picture.GetHeight() / 8;
+        const wxImage foot = picture.GetSubImage(wxRect(0, below, picture.GetWidth(), picture.GetHeight() - below - 1));
+        int dark = 0;
+        for (int y = 0; y < foot.GetHeight(); ++y) {
+            for (int x = 0; x < foot.GetWidth(); ++x)
+                dark += foot.GetRed(x, y) < 0x80 ? 1 : 0;
+        }
+        EXPECT_GT(dark, 60);
+        Press(*dialog.FindWindow("cmdCancel"));
+    });
+    Choose("mnuMarker");
+    EXPECT_TRUE(dialogs_.AllCame());
+}
+
 TEST_F(Markers, InGreatNumberAreShownWithoutALongPause) {
     constexpr int kCount = LONGEST_PAUSE_MS > 200 ? 20'000 : 100'000;
     std::string xml = "<longitude>";
