@@ -10,6 +10,7 @@ for target in build/fuzz/bin/*_fuzz; do
   dictionary=()
   case "$name" in
     load_xml_fuzz | highlighter_fuzz) dictionary=(-dict=tests/fuzz/xml.dict) ;;
+    blueprint_fuzz) dictionary=(-dict=tests/fuzz/blueprint.dict) ;;
     markers_*) dictionary=(-dict=tests/fuzz/markers.dict) ;;
     texture_*) dictionary=(-dict=tests/fuzz/texture.dict) ;;
     index_fuzz | remove_entry_fuzz | tile_fuzz | shape_fuzz) dictionary=(-dict=tests/fuzz/routes.dict) ;;

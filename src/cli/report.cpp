@@ -1,5 +1,7 @@
 #include "cli/report.h"
 
+#include <utility>
+
 namespace tamarind::cli {
 
 using nlohmann::ordered_json;
@@ -42,8 +44,9 @@ const char* NameOf(Answer answer) {
 } // namespace
 
 std::string JsonReport(const std::string& command, const std::vector<platform::TerminalUserInterface::Shown>& messages,
-                       const ordered_json& result, const std::optional<text::RuntimeError>& error) {
-    ordered_json report = {{"command", command}, {"messages", ordered_json::array()}, {"result", result}};
+                       ordered_json result, const std::optional<text::RuntimeError>& error) {
+    ordered_json report = {{"command", command}, {"messages", ordered_json::array()}, {"result", nullptr}};
+    report["result"] = std::move(result); // may be large
     for (const auto& [message, answer] : messages) {
         report["messages"].push_back({{"icon", NameOf(message.icon)},
                                       {"title", message.title},
@@ -54,7 +57,8 @@ std::string JsonReport(const std::string& command, const std::vector<platform::T
     report["error"] = nullptr;
     if (error) report["error"] = {{"number", error->Number()}, {"description", error->Description()}};
     // A file name may hold bytes that are no UTF-8.
-    return report.dump(-1, ' ', false, ordered_json::error_handler_t::replace) + "\n";
+    std::string text = report.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
+    return text += '\n';
 }
 
 std::string OnOneLine(std::string_view text) {

@@ -16,8 +16,7 @@ namespace tamarind::cli {
 ///    "error": {"number", "description"} or null}
 [[nodiscard]] std::string JsonReport(const std::string& command,
                                      const std::vector<platform::TerminalUserInterface::Shown>& messages,
-                                     const nlohmann::ordered_json& result,
-                                     const std::optional<text::RuntimeError>& error);
+                                     nlohmann::ordered_json result, const std::optional<text::RuntimeError>& error);
 
 /// Text on one line of a table: line breaks, tabs and "\" as escapes.
 [[nodiscard]] std::string OnOneLine(std::string_view text);

@@ -12,6 +12,7 @@
 
 #include <istream>
 #include <ostream>
+#include <utility>
 
 namespace tamarind::cli {
 
@@ -88,7 +89,8 @@ int Run(const std::vector<std::string>& words, const platform::Platform& platfor
         result = {Outcome::Failed};
         ShowError(messages, caught);
     }
-    output << (arguments.json ? JsonReport(arguments.command, ui.Messages(), result.json, error) : result.lines)
+    output << (arguments.json ? JsonReport(arguments.command, ui.Messages(), std::move(result.json), error)
+                              : result.lines)
            << std::flush;
     return ExitStatus(result.outcome);
 }

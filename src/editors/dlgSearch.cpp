@@ -120,6 +120,8 @@ void dlgSearch::Command5_Click() {
     if (!hasMatch_) return;
     // Once: what stands there now was not found by a search.
     hasMatch_ = false;
+    // Another text may have been opened meanwhile.
+    if (text_.GetSelectionStart() == text_.GetSelectionEnd()) return;
     text_.ReplaceSelected(FromWx(text3_->GetValue()));
 }
 

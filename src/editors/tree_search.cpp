@@ -127,7 +127,9 @@ void FindNextRow(EditorContext& context, SearchIn where, const SearchRequest& re
     auto& open = context.document;
     const text::FoldedKey key(request.text);
     Rows rows(open.document, StartSearch(context, request.text));
+    const clsNode* last = nullptr;
     while (const clsNode* const node = rows.Next()) {
+        last = node;
         if (!Holds(TextOf(*node, where), key, request.wholeWord)) continue;
         open.search.startRow = rows.Row() + 1;
         context.view.MarkRows({node});
@@ -135,6 +137,8 @@ void FindNextRow(EditorContext& context, SearchIn where, const SearchRequest& re
         // While the question is asked, the rows may change under the search.
         if (!context.view.AskToGoOn() || open.search.rows != open.rowsChanges) return;
     }
+    // An element's text is that of the row which is selected: the search in texts has come to the last one.
+    if (where == SearchIn::ElementTexts && last != nullptr) Select(context, *last);
     EndSearch(context, false);
 }
 

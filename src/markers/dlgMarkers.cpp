@@ -27,7 +27,6 @@ namespace {
 
 constexpr int kGap = 8;
 const wxSize kPlotSize(520, 420);
-const wxSize kSmallestPlot(260, 200);
 const wxSize kSmallestList(200, 100);
 
 struct Column {
@@ -98,7 +97,8 @@ dlgMarkers::dlgMarkers(wxWindow* parent, const MarkerList& list)
     SetSizer(outer);
     wxSize roomy = outer->ComputeFittingWindowSize(this);
     roomy.DecTo(wxDisplay(parent).GetClientArea().GetSize());
-    FindWindow("MarkerPlot")->GetParent()->SetMinSize(FromDIP(kSmallestPlot));
+    wxWindow& border = *plot_->GetParent();
+    border.SetMinSize(border.ClientToWindowSize(plot_->SmallestSize()));
     FindWindow("List1")->GetParent()->SetMinSize(FromDIP(kSmallestList));
     platform::KeepWhole(*this);
     SetSize(roomy);
@@ -113,7 +113,8 @@ wxSizer* dlgMarkers::MakePanes(const MarkerList& list) {
     auto* const panes = new wxBoxSizer(wxHORIZONTAL);
     auto* const plotBorder = new platform::BorderedPanel(this);
     plotBorder->SetMinSize(FromDIP(kPlotSize));
-    plotBorder->Hold(new MarkerPlotPage(plotBorder, list));
+    plot_ = new MarkerPlotPage(plotBorder, list);
+    plotBorder->Hold(plot_);
     panes->Add(plotBorder, wxSizerFlags(3).Expand().Border(wxRIGHT, FromDIP(kGap)));
     auto* const listBorder = new platform::BorderedPanel(this);
     listBorder->Hold(new Lines(listBorder, list));
@@ -124,7 +125,7 @@ wxSizer* dlgMarkers::MakePanes(const MarkerList& list) {
 wxSizer* dlgMarkers::MakeBottom() {
     skip_ = new wxCheckBox(this, wxID_ANY, "Save &without this picture until the program is started again");
     skip_->SetName("chkSkip");
-    auto* const save = new wxButton(this, wxID_SAVE, "&Save Marker File...");
+    auto* const save = new wxButton(this, wxID_SAVE, ToWx("&Save Marker File…"));
     save->SetName("cmdSave");
     save->SetDefault();
     auto* const cancel = new wxButton(this, wxID_CANCEL, "Cancel");

@@ -8,6 +8,8 @@ class wxCheckBox;
 
 namespace tamarind::markers {
 
+class MarkerPlotPage;
+
 /// What was read from a marker file, as a picture and as a list, before it is saved. Ends with wxID_SAVE or
 /// wxID_CANCEL.
 class dlgMarkers final : public wxDialog {
@@ -22,6 +24,7 @@ private:
     wxSizer* MakePanes(const MarkerList& list);
     wxSizer* MakeBottom();
 
+    MarkerPlotPage* plot_ = nullptr;
     wxCheckBox* skip_ = nullptr;
 };
 

@@ -32,7 +32,14 @@ MarkerList FromWpt(const platform::Files& files, const std::string& path) {
     return ReadWpt(text::FromCodePage(platform::ReadBytes(files, path)));
 }
 
-MarkerList FromMkr(const platform::Files& files, const std::string& path) { return ReadMkr(WholeText(files, path)); }
+/// The one kind whose names may hold letters that the list has no form for.
+MarkerList FromMkr(const platform::Files& files, const std::string& path) {
+    MarkerList list = ReadMkr(WholeText(files, path));
+    if (!text::FitsCodePage(list.text)) {
+        list.remark += std::string(list.remark.empty() ? "" : " ") + "Some letters are written as \"?\".";
+    }
+    return list;
+}
 
 struct Kind {
     std::string_view ending;

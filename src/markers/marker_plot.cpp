@@ -15,7 +15,6 @@
 namespace tamarind::markers {
 namespace {
 
-constexpr double kSmallestSide = 160; // of a picture; less would leave no room for a map
 constexpr double kMargin = 24;
 constexpr double kLineHeight = 16; // of texts below each other
 constexpr double kPadding = 16;    // between the frame and the outermost markers
@@ -134,21 +133,28 @@ public:
         constexpr double kAway = 10;
         const double width = WidthOf(text);
         const double beside = marker.y - kPlotTextHeight / 2;
-        const double centred = marker.x - width / 2;
-        const std::array<PlotPoint, 4> corners = {{{marker.x + kAway, beside},
-                                                   {marker.x - kAway - width, beside},
-                                                   {centred, marker.y - kAway - kPlotTextHeight},
-                                                   {centred, marker.y + kAway}}};
-        for (const PlotPoint& from : corners) {
+        // Held at the side of the marker, since the width is a guess.
+        const std::array<Place, 4> places = {{{{marker.x + kAway, beside}, 0},
+                                              {{marker.x - kAway, beside}, 1},
+                                              {{marker.x, marker.y - kAway - kPlotTextHeight}, 0.5},
+                                              {{marker.x, marker.y + kAway}, 0.5}}};
+        for (const Place& place : places) {
+            const PlotPoint from{place.at.x - place.before * width, place.at.y};
             const PlotPoint to{from.x + width, from.y + kPlotTextHeight};
             if (!IsInMap(from, to) || !taken_.AreFree(from, to)) continue;
             taken_.Take(from, to);
-            plot_.labels.push_back({{from.x, to.y - 2}, text});
+            plot_.labels.push_back({{place.at.x, to.y - 2}, text, place.before});
             return;
         }
     }
 
 private:
+    /// On the upper edge of a text, so much of which is left of it.
+    struct Place {
+        PlotPoint at;
+        double before;
+    };
+
     [[nodiscard]] bool IsInMap(PlotPoint from, PlotPoint to) const {
         return from.x >= plot_.mapFrom.x && from.y >= plot_.mapFrom.y && to.x <= plot_.mapTo.x &&
                to.y <= plot_.mapTo.y - kBand;
@@ -237,8 +243,8 @@ std::string DegreesText(double degrees, char positive, char negative) {
 MarkerPlot PlotMarkers(const MarkerList& list, double width, double height) {
     const Positions positions = PositionsOf(list);
     MarkerPlot plot;
-    plot.width = std::max(width, kSmallestSide);
-    plot.height = std::max(height, kSmallestSide);
+    plot.width = std::max(width, kSmallestPlot);
+    plot.height = std::max(height, kSmallestPlot);
     plot.remarks = RemarksOn(positions);
     const auto remarkLines = static_cast<double>(plot.remarks.size());
     plot.mapFrom = {kMargin, kMargin};

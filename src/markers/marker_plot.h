@@ -23,10 +23,11 @@ struct PlotSpot {
     std::string name; ///< for people; empty where there is none
 };
 
-/// A text whose line begins at a point and stands on it.
+/// A text that stands on a line through a point.
 struct PlotLabel {
     PlotPoint at;
     std::string text;
+    double before = 0; ///< how much of the text is left of the point, 0 to 1
 };
 
 struct MarkerPlot {
@@ -50,7 +51,9 @@ struct MarkerPlot {
 
 inline constexpr double kPlotTextHeight = 12; ///< pixels, of all texts
 
-/// A picture of at least 160 pixels each way.
+inline constexpr double kSmallestPlot = 160; ///< pixels each way; less would leave no room for a map
+
+/// A picture of at least that size.
 [[nodiscard]] MarkerPlot PlotMarkers(const MarkerList& list, double width, double height);
 
 } // namespace tamarind::markers

@@ -8,6 +8,7 @@
 #include <wx/graphics.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <vector>
@@ -41,11 +42,23 @@ public:
     }
 
     void Borders(const MarkerPlot& plot) {
-        const double middle = (plot.mapFrom.x + plot.mapTo.x) / 2;
-        Text({middle, plot.mapFrom.y - kInside}, "Northernmost: " + plot.north, 0.5);
-        Text({middle, plot.mapTo.y + kLineHeight}, "Southernmost: " + plot.south, 0.5);
-        Text({plot.mapFrom.x, plot.mapTo.y + kLineHeight}, "Westernmost: " + plot.west, 0);
-        Text({plot.mapTo.x, plot.mapTo.y + kLineHeight}, "Easternmost: " + plot.east, 1);
+        std::string north = "Northernmost: " + plot.north;
+        std::string south = "Southernmost: " + plot.south;
+        std::string west = "Westernmost: " + plot.west;
+        std::string east = "Easternmost: " + plot.east;
+        const double half = (plot.mapTo.x - plot.mapFrom.x) / 2;
+        if (std::max(WidthOf(west), WidthOf(east)) + WidthOf(south) / 2 + kInside > half) {
+            // Three in a line: where they stand says which they are.
+            north = plot.north;
+            south = plot.south;
+            west = plot.west;
+            east = plot.east;
+        }
+        const double middle = plot.mapFrom.x + half;
+        Text({middle, plot.mapFrom.y - kInside}, north, 0.5);
+        Text({middle, plot.mapTo.y + kLineHeight}, south, 0.5);
+        Text({plot.mapFrom.x, plot.mapTo.y + kLineHeight}, west, 0);
+        Text({plot.mapTo.x, plot.mapTo.y + kLineHeight}, east, 1);
     }
 
     void Line(const std::vector<PlotPoint>& line) {
@@ -106,7 +119,7 @@ public:
 
     void Names(const std::vector<PlotLabel>& labels) {
         for (const PlotLabel& label : labels)
-            Text(label.at, label.text, 0);
+            Text(label.at, label.text, label.before);
     }
 
     void Remarks(const MarkerPlot& plot) {
@@ -121,6 +134,13 @@ private:
     void Style(const wxColour& colour, double width, const wxColour& fill) {
         context_.SetPen(context_.CreatePen(wxGraphicsPenInfo(colour, width)));
         context_.SetBrush(fill.IsOk() ? wxBrush(fill) : *wxTRANSPARENT_BRUSH);
+    }
+
+    double WidthOf(const std::string& text) {
+        double width = 0;
+        double height = 0;
+        context_.GetTextExtent(ToWx(text), &width, &height);
+        return width;
     }
 
     /// `at` lies on the line on which the text stands; `before` says how much of the text is left of it, 0 to 1.
@@ -156,13 +176,20 @@ void MarkerPlotPage::OnPaint() {
     dc.DrawBitmap(picture_, 0, 0);
 }
 
+double MarkerPlotPage::Scale() const { return std::max(1.0, GetFont().GetPixelSize().y / kPlotTextHeight); }
+
+wxSize MarkerPlotPage::SmallestSize() const {
+    // The degrees of three borders stand below the map.
+    constexpr double kNarrowest = 280;
+    return {static_cast<int>(std::ceil(kNarrowest * Scale())), static_cast<int>(std::ceil(kSmallestPlot * Scale()))};
+}
+
 wxBitmap MarkerPlotPage::Draw() const {
     wxBitmap picture;
     picture.Create(std::max(GetClientSize().x, 1), std::max(GetClientSize().y, 1));
     wxMemoryDC dc(picture);
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
-    // The picture grows with the system's letters.
-    const double scale = std::max(1.0, GetFont().GetPixelSize().y / kPlotTextHeight);
+    const double scale = Scale();
     const MarkerPlot plot = PlotMarkers(list_, picture.GetWidth() / scale, picture.GetHeight() / scale);
     context->Scale(scale, scale);
     Pen pen(*context, wxFont(wxFontInfo(wxSize(0, static_cast<int>(kPlotTextHeight))).Family(wxFONTFAMILY_SWISS)));

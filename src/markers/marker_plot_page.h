@@ -14,8 +14,13 @@ public:
     /// `list` must live as long as this.
     MarkerPlotPage(wxWindow* parent, const MarkerList& list);
 
+    /// Smaller, the picture would be cut off.
+    [[nodiscard]] wxSize SmallestSize() const;
+
 private:
     void OnPaint();
+    /// Pixels of the window to one of the plot's: the picture grows with the system's letters.
+    [[nodiscard]] double Scale() const;
     [[nodiscard]] wxBitmap Draw() const;
 
     const MarkerList& list_;

@@ -123,7 +123,7 @@ void AddScaleAndNorth(Svg& svg, const MarkerPlot& plot) {
 void AddTexts(Svg& svg, const MarkerPlot& plot) {
     svg.Add("<g id=\"names\" paint-order=\"stroke\" stroke=\"#f4f6f2\" stroke-width=\"3\">\n");
     for (const PlotLabel& label : plot.labels)
-        svg.Text(label.at, "start", label.text);
+        svg.Text(label.at, label.before == 0 ? "start" : label.before == 1 ? "end" : "middle", label.text);
     svg.Add("</g>\n");
     constexpr double kLineHeight = 16;
     double bottom = plot.mapTo.y + kLineHeight;

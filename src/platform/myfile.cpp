@@ -1,5 +1,6 @@
 #include "platform/myfile.h"
 
+#include "platform/paths.h"
 #include "platform/safe_write.h"
 #include "text/code_page.h"
 #include "text/runtime_error.h"
@@ -126,8 +127,8 @@ bool WriteUniFile(Files& files, UserInterface& ui, const std::string& path, std:
         WriteSafely(files, path, text::ToCodePage(text));
         return true;
     } catch (const RuntimeError& error) {
-        ui.Show({error.Description() + " occurred in WriteUniFile while processing\r\nfile " + path, Icon::Exclamation,
-                 kApplicationTitle, Buttons::Ok});
+        ui.Show({error.Description() + " occurred in WriteUniFile while processing\r\nfile " + ForDisplay(path),
+                 Icon::Exclamation, kApplicationTitle, Buttons::Ok});
         return false;
     }
 }

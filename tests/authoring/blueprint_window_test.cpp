@@ -92,8 +92,8 @@ TEST_F(Blueprints, AreNotMadeWithoutATemplate) {
 TEST_F(Blueprints, TellOfAFolderThatIsGone) {
     files.folders.erase(kFolder);
     EXPECT_EQ(Make(BlueprintMode::NamedMarker, "Halts"), std::nullopt);
-    EXPECT_THAT(rig.ui.MessageTexts(),
-                ElementsAre("Path not found occurred in WriteUniFile while processing\r\nfile " + std::string(kFile)));
+    EXPECT_THAT(rig.ui.MessageTexts(), ElementsAre("Path not found occurred in WriteUniFile while processing\r\nfile " +
+                                                   platform::ForDisplay(kFile)));
 }
 
 TEST_F(Blueprints, AreForetoldInWords) {

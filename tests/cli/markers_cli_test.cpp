@@ -113,10 +113,11 @@ TEST_F(CliMarkers, TellsOfAFileThatIsCutOff) {
 }
 
 TEST_F(CliMarkers, ReportsAListThatCannotBeWritten) {
-    const json report = RunJson({"markers", Utf8(in_), Utf8(Path("missing") / "a.csv")}, 1);
+    const std::string list = Utf8(Path("missing") / "a.csv");
+    const json report = RunJson({"markers", Utf8(in_), list}, 1);
     ASSERT_EQ(report["messages"].size(), 1U);
-    EXPECT_THAT(report["messages"][0]["text"].get<std::string>(),
-                StartsWith("Path not found occurred in WriteUniFile while processing\r\nfile "));
+    EXPECT_EQ(report["messages"][0]["text"].get<std::string>(),
+              "Path not found occurred in WriteUniFile while processing\r\nfile " + list);
     EXPECT_TRUE(report["result"].is_null());
 }
 
@@ -135,6 +136,27 @@ TEST_F(CliMarkers, DoesNotPutThePictureInThePlaceOfTheListOrTheInput) {
                   "The picture would take the place of " + Utf8(place) + ". Nothing was written.");
         EXPECT_EQ(ReadFile(in_), kPlaces);
         EXPECT_FALSE(fs::exists(out_));
+    }
+}
+
+TEST_F(CliMarkers, DoesNotPutTheListInThePlaceOfTheInput) {
+    for (const char* place : {"Places.kml", "./Places.kml"}) {
+        const Ran ran = RunWords({"markers", Utf8(in_), place}, {}, folder_);
+        EXPECT_EQ(ran.exitCode, 1) << place;
+        EXPECT_EQ(ran.errors, std::string("The list would take the place of ") + place + ". Nothing was written.\n");
+        EXPECT_EQ(ReadFile(in_), kPlaces) << place;
+    }
+}
+
+TEST_F(CliMarkers, KnowsTheListAndTheInputInOtherSpellings) {
+    fs::create_directory(Path("Maps"));
+    for (const char* place :
+         {"./Places.csv", "Maps/../Places.csv", "PLACES.CSV", "./Places.kml", "Maps/../Places.kml", "places.KML"}) {
+        const Ran ran = RunWords({"markers", "Places.kml", "Places.csv", "--plot", place}, {}, folder_);
+        EXPECT_EQ(ran.exitCode, 1) << place;
+        EXPECT_EQ(ran.errors, std::string("The picture would take the place of ") + place + ". Nothing was written.\n");
+        EXPECT_EQ(ReadFile(in_), kPlaces) << place;
+        EXPECT_FALSE(fs::exists(out_)) << place;
     }
 }
 

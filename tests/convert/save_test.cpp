@@ -181,7 +181,7 @@ TEST_F(SaveGameFile, StopsWhenTheTextCannotBeWritten) {
     EXPECT_FALSE(saved.done);
     EXPECT_THAT(rig.ui.MessageTexts(),
                 ElementsAre("Path/File access error occurred in WriteUniFile while processing\r\nfile " +
-                            (folder / "Kit\\TempFiles\\Track.xml")));
+                            platform::ForDisplay(folder / "Kit\\TempFiles\\Track.xml")));
     EXPECT_TRUE(rig.processes.starts.empty());
     EXPECT_EQ(Game("Track.bin"), tests::GameFile("<Top>old</Top>"));
     EXPECT_THAT(GameNames(), ElementsAre("Track.bin"));
@@ -323,7 +323,7 @@ TEST_F(SaveXml, ThatFailsIsToldAndTheTextStaysUnsaved) {
     rig.ui.filePaths = {folder / "missing\\a.xml"};
     SaveXmlText(rig.context);
     EXPECT_THAT(rig.ui.MessageTexts(), ElementsAre("Path not found occurred in WriteUniFile while processing\r\nfile " +
-                                                   (folder / "missing\\a.xml")));
+                                                   platform::ForDisplay(folder / "missing\\a.xml")));
     EXPECT_TRUE(rig.view.isTextModified);
 }
 

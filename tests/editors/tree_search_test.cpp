@@ -186,6 +186,26 @@ TEST_F(TreeSearch, FindInTextLooksAtTheElementsTexts) {
     EXPECT_EQ(rig.view.characters, "a halt");
 }
 
+TEST_F(TreeSearch, FindInTextHasSelectedTheLastRowWhenItHasPassedIt) {
+    rig.view.goOnTimes = 9;
+    FindNextRow(rig.context, SearchIn::ElementTexts, {"tram"});
+    EXPECT_THAT(Calls(), ElementsAre("UnmarkRows", "SelectRow nod5"));
+    ExpectOneMessage("Not found", Icon::None);
+    FindNextRow(rig.context, SearchIn::ElementTexts, {"a halt"});
+    EXPECT_THAT(Calls(), ElementsAre("UnmarkRows", "MarkRow nod2", "SelectRow nod2", "AskToGoOn", "SelectRow nod5"));
+    EXPECT_EQ(rig.document.SelectedNode->NodeKeyText(), "nod5");
+    EXPECT_EQ(rig.view.characters, "");
+}
+
+TEST_F(TreeSearch, FindInTextSelectsNothingBehindTheLastRow) {
+    Load("<Line><Stop>halt</Stop></Line>");
+    FindNextRow(rig.context, SearchIn::ElementTexts, {"halt"});
+    Calls();
+    FindNextRow(rig.context, SearchIn::ElementTexts, {"halt"});
+    EXPECT_THAT(Calls(), ElementsAre());
+    ExpectOneMessage("Not found", Icon::None);
+}
+
 TEST_F(TreeSearch, FindAllMarksEveryRowAndSelectsTheLast) {
     EXPECT_THAT(Keys(FindAllRows(rig.context, SearchIn::RowTexts, {"mark"})), ElementsAre("nod2", "nod3", "nod4"));
     EXPECT_THAT(Calls(), ElementsAre("UnmarkRows", "MarkRow nod2", "MarkRow nod3", "MarkRow nod4", "SelectRow nod4"));

@@ -1,6 +1,7 @@
 #include "markers/marker_file.h"
 
 #include "markers/expect_error.h"
+#include "platform/paths.h"
 #include "support/editor_rig.h"
 #include "support/memory_files.h"
 
@@ -15,6 +16,15 @@ using testing::IsEmpty;
 using text::ErrorNumber;
 
 constexpr const char* kPlacemark = "<longitude><Placemark><name>A</name><coordinates>1,2,0</coordinates>";
+
+std::string Utf16(std::u16string_view text) {
+    std::string bytes;
+    for (const char16_t unit : text) {
+        bytes += static_cast<char>(unit & 0xFF);
+        bytes += static_cast<char>(unit >> 8);
+    }
+    return bytes;
+}
 
 class MarkerFile : public testing::Test {
 protected:
@@ -178,11 +188,27 @@ TEST_F(MarkerFile, ThatIsCutOffGivesWhatIsWholeAndSaysSo) {
                 ElementsAre("\"<coordinates>\" is missing for marker 2: the list ends before it.", "Saved a.csv"));
 }
 
+TEST_F(MarkerFile, WhoseLettersTheListCannotHoldSaysSo) {
+    files.contents["a.mkr"] = Utf16(u"Marker ( 1 2 Caf\u00E9..)");
+    Convert("a.mkr", "a.csv");
+    EXPECT_EQ(files.contents["a.csv"], "1,2,Caf\xE9\r\n");
+    files.contents["b.mkr"] = Utf16(u"Marker ( 1 2 E\u0142k..)");
+    Convert("b.mkr", "b.csv");
+    EXPECT_EQ(files.contents["b.csv"], "1,2,E?k\r\n");
+    files.contents["c.mkr"] = Utf16(u"Marker ( 1 2 E\u0142k..)Marker (");
+    Convert("c.mkr", "c.csv");
+    EXPECT_THAT(rig.ui.StatusLines(),
+                ElementsAre("Saved a.csv", "Some letters are written as \"?\".", "Saved b.csv",
+                            "\")\" is missing for marker 2: the list ends before it. Some letters are written as "
+                            "\"?\".",
+                            "Saved c.csv"));
+}
+
 TEST_F(MarkerFile, ThatCannotBeWrittenIsTold) {
     files.contents["a.kml"] = kPlacemark;
     Convert("a.kml", "C:\\Missing\\a.csv");
-    EXPECT_THAT(rig.ui.MessageTexts(), ElementsAre("Path not found occurred in WriteUniFile while processing\r\n"
-                                                   "file C:\\Missing\\a.csv"));
+    EXPECT_THAT(rig.ui.MessageTexts(), ElementsAre("Path not found occurred in WriteUniFile while processing\r\nfile " +
+                                                   platform::ForDisplay("C:\\Missing\\a.csv")));
     EXPECT_THAT(rig.ui.StatusLines(), IsEmpty());
 }
 

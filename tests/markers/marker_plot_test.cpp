@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tamarind::markers {
@@ -92,12 +93,36 @@ TEST(MarkerPlot, WritesNoNameOverAnother) {
             const PlotLabel& a = plot.labels[i];
             const PlotLabel& b = plot.labels[j];
             // Half a letter is narrower than any letter of these names.
-            const bool apart = std::abs(a.at.y - b.at.y) >= kPlotTextHeight ||
-                               a.at.x + 3.6 * static_cast<double>(a.text.size()) <= b.at.x ||
-                               b.at.x + 3.6 * static_cast<double>(b.text.size()) <= a.at.x;
+            const double aWidth = 3.6 * static_cast<double>(a.text.size());
+            const double bWidth = 3.6 * static_cast<double>(b.text.size());
+            const double aLeft = a.at.x - a.before * aWidth;
+            const double bLeft = b.at.x - b.before * bWidth;
+            const bool apart =
+                std::abs(a.at.y - b.at.y) >= kPlotTextHeight || aLeft + aWidth <= bLeft || bLeft + bWidth <= aLeft;
             EXPECT_TRUE(apart) << a.text << " " << b.text;
         }
     }
+}
+
+TEST(MarkerPlot, HoldsEachNameAtItsMarkersSide) {
+    const MarkerPlot plot = PlotOf("1,50,West\r\n3,50,East\r\n");
+    ASSERT_THAT(LabelTexts(plot), ElementsAre("Start: West", "End: East"));
+    EXPECT_EQ(plot.labels[0].before, 0);
+    EXPECT_NEAR(plot.labels[0].at.x, plot.start->x + 10, 1e-6);
+    // There is no room right of the easternmost.
+    EXPECT_EQ(plot.labels[1].before, 1);
+    EXPECT_NEAR(plot.labels[1].at.x, plot.end->x - 10, 1e-6);
+}
+
+TEST(MarkerPlot, CentresANameAboveItsMarker) {
+    // The middle one has neighbours 20 pixels away on both sides: no name of its length fits in between.
+    const MarkerPlot plot = PlotOf("0,0\r\n22.5,0\r\n23,0,Halfway\r\n23.5,0\r\n46,0\r\n");
+    const auto halfway = std::find_if(plot.labels.begin(), plot.labels.end(),
+                                      [](const PlotLabel& label) { return label.text == "Halfway"; });
+    ASSERT_NE(halfway, plot.labels.end());
+    EXPECT_EQ(halfway->before, 0.5);
+    EXPECT_NEAR(halfway->at.x, kWidth / 2, 1e-6);
+    EXPECT_LT(halfway->at.y, plot.spots[2].at.y);
 }
 
 TEST(MarkerPlot, ShortensLongNames) {

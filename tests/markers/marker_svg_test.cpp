@@ -44,6 +44,14 @@ TEST(MarkerSvg, HoldsNamesStartEndScaleAndNorth) {
     EXPECT_EQ(Count(svg, "r=\"3\""), 3U);
 }
 
+TEST(MarkerSvg, HoldsEachNameAtItsMarkersSide) {
+    // The map is 352 pixels wide, 16 of them free on each side: the markers stand at 40 and 360, names 10 beside them.
+    // It is 252 high, less 32 for the scale bar: both stand at 24 + 220 / 2 = 134, the line below them 4 deeper.
+    const std::string svg = SvgOf("1,50,West\r\n3,50,East\r\n");
+    EXPECT_THAT(svg, HasSubstr("<text x=\"50.0\" y=\"138.0\" text-anchor=\"start\">Start: West</text>"));
+    EXPECT_THAT(svg, HasSubstr("<text x=\"350.0\" y=\"138.0\" text-anchor=\"end\">End: East</text>"));
+}
+
 TEST(MarkerSvg, DrawsALineThroughAPath) {
     EXPECT_THAT(SvgOf("1,2\r\n3,4\r\n"), HasSubstr("<polyline id=\"path\""));
     EXPECT_THAT(SvgOf("1,2,A\r\n3,4,B\r\n"), Not(HasSubstr("<polyline")));

@@ -1,6 +1,7 @@
 #include "platform/myfile.h"
 
 #include "platform/expect_error.h"
+#include "platform/paths.h"
 #include "support/scripted_ui.h"
 #include "support/temp_folder.h"
 #include "text/code_page.h"
@@ -141,7 +142,7 @@ TEST(WriteUniFile, ShowsAnErrorAndReturns) {
     ASSERT_EQ(ui.Messages().size(), 1U);
     const Message message = ui.Messages()[0];
     EXPECT_EQ(message.text,
-              "Path not found occurred in WriteUniFile while processing\r\nfile " + (folder / "no\\x.xml"));
+              "Path not found occurred in WriteUniFile while processing\r\nfile " + ForDisplay(folder / "no\\x.xml"));
     EXPECT_EQ(message.title, "Tamarind");
     EXPECT_EQ(message.icon, Icon::Exclamation);
     EXPECT_EQ(message.buttons, Buttons::Ok);
@@ -151,9 +152,9 @@ TEST(WriteUniFile, ShowsAnErrorForAFolder) {
     const TempFolder folder;
     ScriptedUserInterface ui;
     EXPECT_FALSE(WriteUniFile(folder.Disk(), ui, folder.Path(), "text"));
-    EXPECT_THAT(
-        ui.MessageTexts(),
-        ElementsAre("Path/File access error occurred in WriteUniFile while processing\r\nfile " + folder.Path()));
+    EXPECT_THAT(ui.MessageTexts(),
+                ElementsAre("Path/File access error occurred in WriteUniFile while processing\r\nfile " +
+                            ForDisplay(folder.Path())));
 }
 
 TEST(CopyFile, CreatesAndReplaces) {

@@ -57,6 +57,16 @@ protected:
         return count;
     }
 
+    /// In the rows from the first to before the last.
+    static int DarkPixels(const wxImage& picture, int first, int last) {
+        int count = 0;
+        for (int y = first; y < last; ++y) {
+            for (int x = 0; x < picture.GetWidth(); ++x)
+                count += picture.GetRed(x, y) < 0x80 ? 1 : 0;
+        }
+        return count;
+    }
+
     std::string input_;
     std::string output_;
 };
@@ -74,6 +84,8 @@ TEST_F(Markers, AreShownAsListAndPictureAndThenSaved) {
         EXPECT_EQ(text(0, 2), "53.8");
         EXPECT_EQ(text(0, 3), "Old_Mill");
         EXPECT_EQ(text(1, 3), "Quarry");
+        EXPECT_EQ(FromWx(wxControl::GetLabelText(dialog.FindWindow("cmdSave")->GetLabel())), "Save Marker File…");
+        EXPECT_EQ(FromWx(wxControl::GetLabelText(dialog.FindWindow("cmdCancel")->GetLabel())), "Cancel");
         wxWindow& plot = *dialog.FindWindow("MarkerPlot");
         // The first marker's ring and the last one's square.
         EXPECT_TRUE(PumpUntil([&plot] {
@@ -136,6 +148,31 @@ TEST_F(Markers, FitIntoTheirWindowAtItsSmallest) {
         Press(*dialog.FindWindow("cmdCancel"));
     });
     Choose("mnuMarker");
+}
+
+TEST_F(Markers, HaveTheirOutermostDegreesBelowTheMapInAWindowAtItsSmallest) {
+    Open();
+    ChooseInput(kHalts);
+    dialogs_.UseDialog("dlgMarkers", [](wxDialog& dialog) {
+        PumpFor(milliseconds(200));
+        dialog.SetSize(dialog.GetMinSize());
+        PumpFor(milliseconds(300));
+        wxWindow& plot = *dialog.FindWindow("MarkerPlot");
+        const wxImage picture = Picture(plot);
+        const int height = picture.GetHeight();
+        int foot = height; // of the map, by the colour of its ground
+        while (foot > 0 &&
+               PixelsLike(picture.GetSubImage(wxRect(0, foot - 1, picture.GetWidth(), 1)), 0xF4, 0xF6, 0xF2) == 0)
+            --foot;
+        ASSERT_GT(foot, height / 2);
+        constexpr int kFrame = 3;
+        EXPECT_GT(DarkPixels(picture, foot + kFrame, height), 60);
+        // Letters that are cut off reach the edge.
+        EXPECT_EQ(DarkPixels(picture, height - 2, height), 0);
+        Press(*dialog.FindWindow("cmdCancel"));
+    });
+    Choose("mnuMarker");
+    EXPECT_TRUE(dialogs_.AllCame());
 }
 
 TEST_F(Markers, InGreatNumberAreShownWithoutALongPause) {

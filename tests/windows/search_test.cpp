@@ -339,6 +339,16 @@ TEST_F(SearchDialog, ReplacesTheMatchThatWasFound) {
     EXPECT_EQ(EditorText(), "<stop/><stop/>");
 }
 
+TEST_F(SearchDialog, ReplacesNothingInATextThatWasOpenedAfterTheSearch) {
+    OpenText("<halt/>");
+    In<wxTextCtrl>("Text3").SetValue("stop");
+    FindText("halt");
+    window_->Context().view.SetEditorText("<other/>");
+    Press(In("Command5"));
+    EXPECT_EQ(EditorText(), "<other/>");
+    EXPECT_FALSE(Editor().GetModify());
+}
+
 TEST_F(SearchDialog, ReplacesTenThousandMatchesAtOnce) {
     constexpr int kMatches = 10'000;
     const std::string filler(1990, 'x');

@@ -82,7 +82,7 @@ TEST_F(FullDisk, OfTheProgramLeavesTheEarlierXmlWholeAndSaysSo) {
     EXPECT_THAT(folder_.Names("Small"), ElementsAre("Track.xml"));
     EXPECT_EQ(folder_.Read("Game\\Track.XSec"), GameFile("<Old/>"));
     EXPECT_THAT(rig_.ui.MessageTexts(), ElementsAre("Disk full occurred in WriteUniFile while processing\r\nfile " +
-                                                    (folder_ / "Small\\Track.xml")));
+                                                    platform::ForDisplay(folder_ / "Small\\Track.xml")));
     EXPECT_TRUE(rig_.view.isTextModified);
 }
 
