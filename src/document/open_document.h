@@ -11,9 +11,9 @@ namespace tamarind::document {
 
 /// Where the search over the rows goes on.
 struct SearchState {
-    std::string text;         ///< of the search before
-    std::size_t startRow = 1; ///< from 1; the row after the one found last
-    std::uint64_t rows = 0;   ///< OpenDocument::rowsChanges at that time
+    std::string text;          ///< of the search before
+    std::size_t startRow = 1;  ///< from 1; the row after the one found last
+    std::uint64_t changes = 0; ///< OpenDocument::changes at that time
 };
 
 /// The tree editor's document with all that belongs to it while it is open.
@@ -30,7 +30,7 @@ struct OpenDocument {
     clsNode* SelectedNode = nullptr; ///< of the row clicked last; null when none
     Document clipboard;              ///< empty, or one copied element
     EditHistory history;
-    std::uint64_t rowsChanges = 0; ///< how often rows came, went or were renamed
+    std::uint64_t changes = 0; ///< how often it was changed
     SearchState search;
 };
 

@@ -24,7 +24,7 @@ void EmptyDocument(EditorContext& context) {
     context.view.ClearTree();
     open.history.Clear();
     open.document = document::Document();
-    ++open.rowsChanges;
+    ++open.changes;
     open.SelectedNode = nullptr;
     open.KeyCounter = 0;
     open.isOpen = false;
@@ -100,7 +100,7 @@ bool LoadXmlFile(EditorContext& context) {
         if (open.path != path) return false;
         if (!open.document.IsEmpty()) EmptyDocument(context);
         open.document = std::move(loaded);
-        ++open.rowsChanges;
+        ++open.changes;
     } catch (const document::XmlError& error) {
         context.view.UpdateCommands();
         context.ui.Show({.text = ParseFailure(path, error)});

@@ -42,11 +42,9 @@ document::clsNodeAttribute* ChosenAttribute(EditorContext& context) {
     return &context.document.SelectedNode->NodeAttributes.Item(static_cast<std::size_t>(index) + 1);
 }
 
-/// For undo. Rows that come, go or get another name end a search.
+/// For undo.
 void Remember(EditorContext& context, Edit edit) {
-    const bool isOfRows = edit.kind == Edit::Kind::Name || edit.kind == Edit::Kind::NodeAdded ||
-                          edit.kind == Edit::Kind::NodeRemoved || edit.kind == Edit::Kind::AllRemoved;
-    if (isOfRows) ++context.document.rowsChanges;
+    ++context.document.changes;
     context.document.history.Add(std::move(edit));
 }
 

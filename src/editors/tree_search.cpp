@@ -69,9 +69,9 @@ bool RefuseForMissingReplacement(EditorContext& context, const std::string& repl
 /// The row that this search starts at.
 std::size_t StartSearch(EditorContext& context, const std::string& text) {
     auto& open = context.document;
-    if (open.search.text != text || open.search.rows != open.rowsChanges) open.search.startRow = 1;
+    if (open.search.text != text || open.search.changes != open.changes) open.search.startRow = 1;
     open.search.text = text;
-    open.search.rows = open.rowsChanges;
+    open.search.changes = open.changes;
     if (open.search.startRow == 1) context.view.UnmarkRows();
     return open.search.startRow;
 }
@@ -135,7 +135,7 @@ void FindNextRow(EditorContext& context, SearchIn where, const SearchRequest& re
         context.view.MarkRows({node});
         Select(context, *node);
         // While the question is asked, the rows may change under the search.
-        if (!context.view.AskToGoOn() || open.search.rows != open.rowsChanges) return;
+        if (!context.view.AskToGoOn() || open.search.changes != open.changes) return;
     }
     // An element's text is that of the row which is selected: the search in texts has come to the last one.
     if (where == SearchIn::ElementTexts && last != nullptr) Select(context, *last);
@@ -157,10 +157,14 @@ void ReplaceInShown(EditorContext& context, const std::string& shown, const std:
     if (context.document.SelectedNode == nullptr) return;
     const std::string replaced = text::ReplaceAllNoCase(shown, text, replacement);
     if (replaced == shown) return;
+    auto& open = context.document;
+    const bool isUnchanged = open.search.changes == open.changes;
     context.view.ShowCharacters(replaced);
-    context.document.history.EndTyping();
+    open.history.EndTyping();
     EditCharacters(context, replaced);
-    context.document.history.EndTyping();
+    open.history.EndTyping();
+    // "Find" and "Replace" can be used in turn.
+    if (isUnchanged) open.search.changes = open.changes;
 }
 
 void ReplaceInAll(EditorContext& context, const SearchRequest& request, const std::string& replacement) {
@@ -178,7 +182,10 @@ void ReplaceInAll(EditorContext& context, const SearchRequest& request, const st
         edit.after = std::move(replaced);
         step.push_back(std::move(edit));
     }
-    if (!step.empty()) SetModified(context, true);
+    if (!step.empty()) {
+        ++open.changes;
+        SetModified(context, true);
+    }
     open.history.Add(std::move(step));
     Mark(context, found);
     EndSearch(context, !found.empty());

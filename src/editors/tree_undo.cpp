@@ -25,7 +25,6 @@ void TakeOut(EditorContext& context, const Edit& edit) {
         context.view.RemoveRow(*edit.node);
     }
     edit.parent->ChildNodes.Remove(edit.index);
-    ++open.rowsChanges;
     // An empty tree offers a primary node again.
     if (open.document.IsEmpty()) open.KeyCounter = 0;
 }
@@ -34,7 +33,6 @@ void PutIn(EditorContext& context, const Edit& edit) {
     auto& open = context.document;
     open.document.PutBack(*edit.parent, *edit.node, edit.index);
     open.KeyCounter = std::max(open.KeyCounter, edit.keyCounter);
-    ++open.rowsChanges;
     context.view.AddRow(*edit.node);
 }
 
@@ -44,13 +42,11 @@ void Exchange(EditorContext& context, Edit& edit) {
     context.view.ClearTree();
     std::swap(open.document, *edit.removed);
     std::swap(open.KeyCounter, edit.keyCounter);
-    ++open.rowsChanges;
     if (!open.document.IsEmpty()) context.view.ShowTree(open.document);
 }
 
 void Rename(EditorContext& context, const Edit& edit, const std::string& name) {
     context.document.document.SetName(*edit.node, name);
-    ++context.document.rowsChanges;
     context.view.ShowRowName(*edit.node);
 }
 
@@ -107,6 +103,7 @@ void Apply(EditorContext& context, EditStep& step, Direction direction) {
     if (direction == Direction::Back) std::reverse(step.begin(), step.end());
     for (Edit& edit : step)
         Apply(context, edit, direction);
+    ++context.document.changes;
     const bool marks = std::any_of(step.begin(), step.end(), [](const Edit& edit) { return edit.marksModified; });
     Show(context, step.back());
     if (direction == Direction::Back) std::reverse(step.begin(), step.end());

@@ -73,7 +73,7 @@ protected:
     void Load(const std::string& xml) {
         rig.document.document = document::ParseXml(xml);
         rig.document.KeyCounter = static_cast<document::NodeKey>(document::CountElements(rig.document.document.Top()));
-        ++rig.document.rowsChanges;
+        ++rig.document.changes;
     }
     void LoadRows(std::size_t count) {
         std::string xml = "<Rows>";
@@ -149,9 +149,23 @@ TEST_F(TreeSearch, FindStartsWithTheFirstRowAfterRowsHaveChanged) {
     EXPECT_EQ(Calls()[1], "MarkRow nod2");
 }
 
-TEST_F(TreeSearch, FindGoesOnAfterATextHasChanged) {
+TEST_F(TreeSearch, FindStartsWithTheFirstRowAfterATextHasChangedOrIsTakenBack) {
+    FindRow("mark");
     FindRow("mark");
     EditCharacters(rig.context, "other");
+    Calls();
+    FindRow("mark");
+    EXPECT_EQ(Calls()[1], "MarkRow nod2");
+    UndoEdit(rig.context);
+    Calls();
+    FindRow("mark");
+    EXPECT_EQ(Calls()[1], "MarkRow nod2");
+}
+
+TEST_F(TreeSearch, FindGoesOnAfterItsOwnReplace) {
+    FindRow("mark");
+    ReplaceInShown(rig.context, "a halt", "halt", "stop");
+    EXPECT_EQ(Text(1), "a stop");
     Calls();
     FindRow("mark");
     EXPECT_EQ(Calls()[0], "MarkRow nod3");
