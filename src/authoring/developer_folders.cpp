@@ -34,6 +34,20 @@ void TellFailure(EditorContext& context, MadeFolders& folders, const std::string
     context.ui.Show({.text = text});
 }
 
+/// False when it is not there and cannot be made.
+bool MakeSource(EditorContext& context) {
+    const std::string source = SourceFolder(context);
+    if (platform::FolderExists(context.platform.files, source)) return true;
+    MadeFolders made(context.platform.files);
+    try {
+        made.Make(source);
+        return true;
+    } catch (const RuntimeError& error) {
+        TellFailure(context, made, "The folder of all developers", error);
+        return false;
+    }
+}
+
 } // namespace
 
 std::string SourceFolder(const EditorContext& context) {
@@ -97,7 +111,7 @@ AddOn MakeAddOn(EditorContext& context, const std::string& base) {
 }
 
 void SetUpDeveloperFolder(EditorContext& context) {
-    if (!KnowsGame(context)) return;
+    if (!KnowsGame(context) || !MakeSource(context)) return;
     const std::string name =
         context.ui.AskForText("Enter your Developer name (Use alpha characters only, no spaces)", "Developer Name", "");
     if (name.empty()) return;

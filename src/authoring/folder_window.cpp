@@ -73,12 +73,10 @@ bool IsAddOnThere(const EditorContext& context, const FolderWindow& window) {
 void ConfirmAddOn(EditorContext& context, FolderWindow& window) {
     const std::string base = AddOnFolder(window);
     const std::string refusal = window.Text2.empty() ? std::string() : FolderNameRefusal(window.Text2);
+    window.isConfirmed = true;
     if (!refusal.empty()) {
         context.ui.Show({.text = refusal});
-        return;
-    }
-    window.isConfirmed = true;
-    if (IsAddOnThere(context, window)) {
+    } else if (IsAddOnThere(context, window)) {
         context.ui.ShowStatus("Nothing was made: " + platform::ForDisplay(base) + " exists already");
     } else if (MakeAddOn(context, base) == AddOn::Made) {
         context.ui.ShowStatus("Made " + platform::ForDisplay(base));

@@ -86,16 +86,16 @@ TEST_F(DeveloperFolder, CannotTakeTheNameOfAFile) {
     EXPECT_THAT(rig.ui.MessageTexts(), ElementsAre(kTaken));
 }
 
-TEST_F(DeveloperFolder, IsNotMadeWithoutAnAnswer) {
+TEST_F(DeveloperFolder, IsNotMadeWithoutAnAnswerButSourceIs) {
     SetUpWith("");
-    EXPECT_THAT(files.folders, ElementsAre("C:\\Game"));
+    EXPECT_THAT(files.folders, ElementsAre("C:\\Game", "C:\\Game\\Source"));
     EXPECT_THAT(rig.ui.MessageTexts(), IsEmpty());
 }
 
 TEST_F(DeveloperFolder, IsNotMadeUnderANameThatNoFolderCanBear) {
     for (const char* const name : {"con", "a/b", "a\\b", "..", "Fern.", "Fern "})
         SetUpWith(name);
-    EXPECT_THAT(files.folders, ElementsAre("C:\\Game"));
+    EXPECT_THAT(files.folders, ElementsAre("C:\\Game", "C:\\Game\\Source"));
     EXPECT_EQ(rig.ui.MessageTexts().size(), 6U);
     EXPECT_EQ(rig.ui.MessageTexts()[0], "\"con\" is the name of a device in Windows. Please take another name.");
 }
@@ -107,6 +107,17 @@ TEST_F(DeveloperFolder, IsNotMadeWhileTheGameIsNotKnown) {
     EXPECT_THAT(rig.ui.MessageTexts(), ElementsAre("Please select the RS path from the Options menu first.",
                                                    "Please select the RS path from the Options menu first."));
     EXPECT_THAT(files.folders, ElementsAre("C:\\Game"));
+}
+
+TEST_F(DeveloperFolder, IsNotAskedForWhereSourceCannotBeMade) {
+    const TempFolder folder;
+    EditorRig real{folder.Disk(), "C:\\Kit"};
+    real.session.RailSimPath = folder / "none";
+    authoring::SetUpDeveloperFolder(real.context);
+    EXPECT_EQ(real.ui.Everything().size(), 1U);
+    EXPECT_THAT(real.ui.MessageTexts(),
+                ElementsAre("The folder of all developers could not be made: Path not found\r\n" +
+                            platform::ForDisplay(folder / "none\\Source")));
 }
 
 TEST_F(DeveloperFolder, IsNotMadeWhereThereIsNoGame) {

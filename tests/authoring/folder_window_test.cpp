@@ -155,13 +155,14 @@ TEST_F(FolderChooser, MakesNothingWithoutANameAndCloses) {
     EXPECT_THAT(rig.ui.MessageTexts(), IsEmpty());
 }
 
-TEST_F(FolderChooser, StaysOpenForANameThatNoFolderCanBear) {
+TEST_F(FolderChooser, ClosesWithAMessageForANameThatNoFolderCanBear) {
     Load(FolderJob::AddOn);
     Click("Fern");
     for (const char* const name : {"con", "a/b", "a\\b", "Vale.", ".."}) {
+        window.isConfirmed = false;
         window.Text2 = name;
         Confirm();
-        EXPECT_FALSE(window.isConfirmed) << name;
+        EXPECT_TRUE(window.isConfirmed) << name;
     }
     EXPECT_EQ(rig.ui.MessageTexts().size(), 5U);
     EXPECT_THAT(folder.Names("Game\\Source\\Fern"), ElementsAre("Vale"));

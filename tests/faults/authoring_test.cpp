@@ -54,8 +54,9 @@ TEST(DeveloperFolderFaults, LeaveNoFolder) {
     const int points = TryEveryFault([](FaultRun& run) {
         FaultyKit kit(run.fault);
         kit.rig.session.RailSimPath = kit.folder / "Game";
-        kit.rig.ui.texts = {"Fern"};
-        kit.Run(authoring::SetUpDeveloperFolder);
+        kit.Run([](session::EditorContext& context) {
+            static_cast<void>(authoring::MakeDeveloperFolder(context, "Fern"));
+        });
         kit.Finish(run);
         CheckTold(kit, run);
         if (!run.struck) {
@@ -66,6 +67,21 @@ TEST(DeveloperFolderFaults, LeaveNoFolder) {
             // A disk on which nothing works any more cannot be cleared; then that is told.
             EXPECT_THAT(kit.Told(), HasSubstr("Already made, and not to be removed again")) << run.Name();
         }
+    });
+    EXPECT_EQ(points, 2 * kWays);
+}
+
+TEST(DeveloperFolderFaults, AreToldAndLeaveNothingButSource) {
+    const int points = TryEveryFault([](FaultRun& run) {
+        FaultyKit kit(run.fault);
+        kit.rig.session.RailSimPath = kit.folder / "Game";
+        kit.rig.ui.texts = {"Fern"};
+        kit.Run(authoring::SetUpDeveloperFolder);
+        kit.rig.ui.texts.clear(); // nobody was asked without "Source"
+        kit.Finish(run);
+        CheckTold(kit, run);
+        const bool isMade = kit.folder.Disk().IsFolder(kit.folder / "Game\\Source\\Fern");
+        EXPECT_EQ(isMade, !run.struck) << run.Name();
     });
     EXPECT_EQ(points, 2 * kWays);
 }

@@ -265,6 +265,7 @@ TEST_F(MenuItemsTest, ForBlueprintsChooseAFolderInTheirMode) {
 }
 
 TEST_F(MenuItemsTest, ForFoldersAndLocosOpenTheFolderWindowForTheirJob) {
+    files.folders.insert({"C:\\Game", "C:\\Game\\Source"});
     rig.session.RailSimPath = "C:\\Game";
     Item("mnuCloneLoco").command(rig.context);
     EXPECT_EQ(rig.session.Authoring.Folder, session::FolderJob::LocoToClone);
