@@ -35,6 +35,11 @@ frmRouteSetup::frmRouteSetup(const platform::Platform& platform, platform::Dialo
     dialog_.onEnter = [this](int id) {
         if (id == Text1) Guard([this] { Text1_Enter(); });
     };
+    dialog_.onLeave = [this](int id) {
+        // So that what is typed is described before the button is pressed.
+        const bool isTyped = id == Text1 && !isBusy_ && dialog_.Text(Text1) != installer_.RailSimPath;
+        if (isTyped) Guard([this] { Text1_Enter(); });
+    };
     dialog_.onProgress = [this](const platform::Progress& progress) { return ShowProgress(progress); };
     dialog_.onStatus = [this](const std::string& text) {
         dialog_.SetVisible(Status, true);

@@ -55,6 +55,7 @@ public:
     // What happens in the window. Handlers run inside Run, and inside whatever waits there.
     std::function<void(int id)> onPress;             ///< of a button
     std::function<void(int id)> onEnter;             ///< Enter in a text box
+    std::function<void(int id)> onLeave;             ///< the keys go elsewhere than to this text box
     std::function<bool(const Progress&)> onProgress; ///< as UserInterface::ShowProgress
     std::function<void()> onEndProgress;
     std::function<void(const std::string&)> onStatus;

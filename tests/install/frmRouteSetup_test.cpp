@@ -89,6 +89,17 @@ TEST_F(RouteSetupWindow, TakesTheTypedFolderOnEnter) {
     });
 }
 
+TEST_F(RouteSetupWindow, TakesTheTypedFolderWhenItsBoxIsLeft) {
+    Use([&] {
+        dialog.texts[frmRouteSetup::Text1] = folder / "Game";
+        dialog.onLeave(frmRouteSetup::Description);
+        EXPECT_THAT(dialog.texts[frmRouteSetup::Description],
+                    testing::Not(HasSubstr(platform::ForDisplay(folder / "Game"))));
+        dialog.onLeave(frmRouteSetup::Text1);
+        EXPECT_THAT(dialog.texts[frmRouteSetup::Description], HasSubstr(platform::ForDisplay(folder / "Game")));
+    });
+}
+
 TEST_F(RouteSetupWindow, TakesTheChosenFolder) {
     dialog.chosen = folder / "Game";
     Use([&] {

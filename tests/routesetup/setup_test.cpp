@@ -91,6 +91,22 @@ TEST_F(RouteSetup, InstallsARouteThroughItsWindow) {
               ReadTree(package_ / "Rail Simulator/Content/Routes" / kPackedRoute));
 }
 
+TEST_F(RouteSetup, DescribesATypedFolderWhenItsBoxIsLeft) {
+    MakeRoutePackage(package_);
+    fs::create_directory(folder_ / "other");
+    Start();
+    TypeGameFolder(folder_ / "other");
+    PostMessageW(GetDlgItem(window_, frmRouteSetup::Text1), WM_KEYDOWN, VK_TAB, 0);
+    std::string text;
+    for (int look = 0; look < 600 && text.find("does not look like") == std::string::npos; ++look) {
+        Sleep(100);
+        text = Text(frmRouteSetup::Description);
+    }
+    EXPECT_THAT(text, HasSubstr("does not look like the game's folder"));
+    Press(frmRouteSetup::Cancel);
+    EXPECT_EQ(WaitForEnd(), 0);
+}
+
 TEST_F(RouteSetup, StaysOpenForAnotherPathAfterAStop) {
     MakeRoutePackage(package_);
     Start();

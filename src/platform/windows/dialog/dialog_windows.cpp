@@ -202,6 +202,7 @@ LRESULT WindowsDialog::DefaultButton() const {
 }
 
 void WindowsDialog::Command(int id, int notification) {
+    if (notification == EN_KILLFOCUS && onLeave) onLeave(id);
     if (notification != BN_CLICKED) return;
     const DialogControl* const focused = Focused();
     if (id != IDOK) {
