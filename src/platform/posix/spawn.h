@@ -12,7 +12,7 @@ namespace tamarind::platform {
 struct SpawnOptions {
     std::vector<std::string> arguments; ///< the program first; without a "/" it is looked for in the search path
     std::vector<std::string> environment;
-    std::string folder; ///< empty: the current one
+    std::string folder;         ///< empty: the current one
     bool discardOutput = false; ///< else both outputs go to this program's error output
 };
 
