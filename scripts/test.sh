@@ -25,8 +25,10 @@ build linux-asan
 build windows
 # The linter takes what the tests leave of the processors: they wait for windows and other programs most of the time.
 lint_log=$(mktemp)
-setsid nice -n 19 ./scripts/lint.sh >"$lint_log" 2>&1 &
+set -m # a process group of its own, to be ended as a whole
+nice -n 19 ./scripts/lint.sh >"$lint_log" 2>&1 &
 lint=$!
+set +m
 summary=$(mktemp)
 trap 'rm -f "$summary" "$lint_log"; kill -- -$lint 2>/dev/null || true' EXIT
 status=0
