@@ -2,6 +2,7 @@
 #include "markers/marker_file.h"
 #include "support/editor_rig.h"
 #include "support/memory_files.h"
+#include "support/utf16.h"
 #include "text/search.h"
 
 #include <gtest/gtest.h>
@@ -9,20 +10,11 @@
 namespace tamarind::markers {
 namespace {
 
+using tests::Utf16;
+
 constexpr const char* kUtf8Mark = "\xEF\xBB\xBF";
 
 std::string WithCrLf(const std::string& text) { return text::ReplaceAll(text, "\n", "\r\n"); }
-
-std::string Utf16(std::u16string_view text, bool bigEndian = false) {
-    std::string bytes;
-    for (const char16_t unit : text) {
-        const auto high = static_cast<char>(static_cast<unsigned char>(unit >> 8));
-        const auto low = static_cast<char>(static_cast<unsigned char>(unit & 0xFF));
-        bytes += bigEndian ? high : low;
-        bytes += bigEndian ? low : high;
-    }
-    return bytes;
-}
 
 class Exports : public testing::Test {
 protected:

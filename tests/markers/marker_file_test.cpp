@@ -4,6 +4,7 @@
 #include "platform/paths.h"
 #include "support/editor_rig.h"
 #include "support/memory_files.h"
+#include "support/utf16.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,18 +14,10 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using tests::Utf16;
 using text::ErrorNumber;
 
 constexpr const char* kPlacemark = "<longitude><Placemark><name>A</name><coordinates>1,2,0</coordinates>";
-
-std::string Utf16(std::u16string_view text) {
-    std::string bytes;
-    for (const char16_t unit : text) {
-        bytes += static_cast<char>(unit & 0xFF);
-        bytes += static_cast<char>(unit >> 8);
-    }
-    return bytes;
-}
 
 class MarkerFile : public testing::Test {
 protected:
